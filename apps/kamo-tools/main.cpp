@@ -1,0 +1,53 @@
+#include "NodeCommand.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+const char generalHelp[] = "Usage: kamo-tools COMMAND [options]\n"
+                           "\n"
+                           "Commands:\n"
+                           "  node OPERATION    batch operations over a project's annotation files\n"
+                           "                    (remove-href, duplicate-href, map-href-paths)\n"
+                           "\n"
+                           "'kamo-tools COMMAND --help' describes a command.\n";
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    // At a file-size limit a write should fail and be reported for that file,
+    // not end the whole run.
+    std::signal(SIGXFSZ, SIG_IGN);
+
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("kamo-tools"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KAMO_TOOLS_VERSION));
+
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+
+    if (arguments.isEmpty()) {
+        err << generalHelp;
+        return NodeCommand::UsageError;
+    }
+    const QString command = arguments.first();
+    if (command == QLatin1String("-h") || command == QLatin1String("--help")) {
+        out << generalHelp;
+        return NodeCommand::Success;
+    }
+    if (command == QLatin1String("--version")) {
+        out << "kamo-tools " << QCoreApplication::applicationVersion() << "\n";
+        return NodeCommand::Success;
+    }
+    if (command == QLatin1String("node"))
+        return NodeCommand(out, err).Run(arguments);
+
+    err << "kamo-tools: unknown command '" << command << "'\n\n" << generalHelp;
+    return NodeCommand::UsageError;
+}

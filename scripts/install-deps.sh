@@ -1,0 +1,36 @@
+#!/bin/sh
+# Installs the Debian packages the build, the tests and the fixture generators
+# need. Safe to run again: when everything is present it does nothing (no
+# apt-get update, no network). Works as root or through sudo.
+set -eu
+
+packages="build-essential cmake clang-format
+qtbase5-dev qttools5-dev-tools
+libshp-dev libdxflib-dev libproj-dev proj-data
+gdal-bin python3-ezdxf
+xvfb xauth"
+
+missing=""
+for p in $packages; do
+    if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed'; then
+        missing="$missing $p"
+    fi
+done
+
+[ -z "$missing" ] && exit 0
+
+if [ "$(id -u)" -eq 0 ]; then
+    sudo=""
+elif command -v sudo >/dev/null 2>&1; then
+    sudo="sudo"
+else
+    echo "install-deps: missing packages:$missing" >&2
+    echo "install-deps: run this script as root to install them" >&2
+    exit 1
+fi
+
+echo "install-deps: installing$missing" >&2
+export DEBIAN_FRONTEND=noninteractive
+$sudo apt-get update -q
+# shellcheck disable=SC2086
+$sudo apt-get install -y -q --no-install-recommends $missing

@@ -1,0 +1,78 @@
+#ifndef KAMO_TOOLS_ANNOTATIONFILEPROCESSOR_H
+#define KAMO_TOOLS_ANNOTATIONFILEPROCESSOR_H
+
+#include "kamo_tools_export.h"
+
+#include <QString>
+#include <QStringList>
+
+class ObjectBlockProcessor;
+class ProgressCallback;
+
+// The per-file loop shared by the block-based node tools: finds the
+// annotation file of each document, lets an ObjectBlockProcessor rewrite its
+// object blocks and writes the file back when its text changed.
+//
+// A changed file is replaced atomically (a failed write leaves the old bytes
+// in place) and a file that is not valid UTF-8 is never rewritten; both are
+// reported through GetWarnings().
+class KAMO_TOOLS_EXPORT AnnotationFileProcessor
+{
+public:
+    AnnotationFileProcessor();
+    ~AnnotationFileProcessor();
+
+    void SetProjectRootDir(const QString& dir) { projectRootDir = dir; }
+    void SetFileNames(const QStringList& names) { fileNames = names; }
+
+    // Instead of the documents' files, take every annotation file directly in
+    // the data folder (not its subfolders), in name order.
+    void SetAllAnnotationFiles(bool all) { allAnnotationFiles = all; }
+
+    void SetProgressCallback(ProgressCallback* callback) { progressCallback = callback; }
+
+    void Run(ObjectBlockProcessor& processor);
+
+    // Splits `text` into lines and object blocks, lets `processor` rewrite
+    // each block and joins the lines with "\r\n". Answers whether the text
+    // changed; only then is `text` replaced.
+    static bool ProcessText(QString& text, ObjectBlockProcessor& processor);
+
+    int GetFilesExamined() const { return filesExamined; }
+    int GetFilesChanged() const { return filesChanged; }
+
+    // Files that were found but could not be handled as asked (not UTF-8,
+    // unreadable, not writable), one message each, in processing order.
+    const QStringList& GetWarnings() const { return warnings; }
+
+    // Full paths of the files written by Run, in processing order.
+    const QStringList& GetChangedFiles() const { return changedFiles; }
+
+    // The project's data folder: the cleaned root followed by "/Daten".
+    static QString DataDirectory(const QString& projectRootDir);
+
+    // The annotation file of a document in `dataDir`: the document's base
+    // name (up to its first ".") + ".ann"; when no such file exists, the file
+    // name with only its last "." removed + ".ann" (plan.rev.pdf gives
+    // plan.ann, else plan.revpdf.ann). Folders in `documentFileName` are
+    // ignored.
+    static QString AnnotationFilePath(const QString& dataDir, const QString& documentFileName);
+
+    static const QString AnnotationExtension; // ".ann"
+    static const QString DataDirectoryName;   // "Daten"
+
+private:
+    void processFile(const QString& path, ObjectBlockProcessor& processor);
+
+    QString projectRootDir;
+    QStringList fileNames;
+    QString unusedText; // kept for layout compatibility; never read
+    int filesExamined = 0;
+    int filesChanged = 0;
+    ProgressCallback* progressCallback = nullptr;
+    bool allAnnotationFiles = false;
+    QStringList warnings;
+    QStringList changedFiles;
+};
+
+#endif

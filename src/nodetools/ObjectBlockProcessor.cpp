@@ -1,0 +1,11 @@
+#include "nodetools/ObjectBlockProcessor.h"
+
+ObjectBlockProcessor::ObjectBlockProcessor() = default;
+
+ObjectBlockProcessor::~ObjectBlockProcessor() = default;
+
+void ObjectBlockProcessor::BeginFile(const QString&)
+{ }
+
+void ObjectBlockProcessor::EndFile(const QString&)
+{ }

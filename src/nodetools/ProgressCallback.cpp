@@ -1,0 +1,3 @@
+#include "nodetools/ProgressCallback.h"
+
+ProgressCallback::~ProgressCallback() = default;

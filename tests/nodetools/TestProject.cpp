@@ -1,0 +1,47 @@
+#include "TestProject.h"
+
+#include <QDir>
+#include <QFile>
+
+TestProject::TestProject()
+{
+    QDir(dir.path()).mkdir(QStringLiteral("Daten"));
+}
+
+void TestProject::Write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(DataPath(name));
+    if (file.open(QIODevice::WriteOnly))
+        file.write(bytes);
+}
+
+QByteArray TestProject::Read(const QString& name) const
+{
+    QFile file(DataPath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+}
+
+QStringList TestProject::DataEntries() const
+{
+    return QDir(DataDir()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+QString StandardLink(const QString& path, const QString& page, const QString& description)
+{
+    QStringList fields;
+    for (int i = 0; i < 23; ++i)
+        fields.append(QString());
+    fields[0] = QStringLiteral("0");
+    fields[1] = path;
+    fields[2] = page;
+    fields[3] = description;
+    fields[4] = QStringLiteral("1.0");
+    fields[17] = QStringLiteral("2024-03-07T14:05:09");
+    fields[18] = QStringLiteral("mmeier");
+    return fields.join(QChar(0x11));
+}
+
+QByteArray HostText(const QStringList& lines)
+{
+    return lines.join(QStringLiteral("\r\n")).toUtf8();
+}
