@@ -7,7 +7,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QTest>
 
@@ -18,53 +17,39 @@
 
 namespace {
 
-struct ProgressCall {
-    QString text;
-    int value;
-    int maximum;
-    bool operator==(const ProgressCall& o) const { return text == o.text && value == o.value && maximum == o.maximum; }
-};
-
-class RecordingProgress : public ProgressCallback
+// Logs progress, file events and blocks, leaving the blocks unchanged.
+class EventLog : public ObjectBlockProcessor, public ProgressCallback
 {
 public:
-    void Progress(const QString& text, int value, int maximum) override { calls.append({ text, value, maximum }); }
-    QList<ProgressCall> calls;
-};
-
-// Logs the file events and the blocks it sees, leaving blocks unchanged.
-class EventLog : public ObjectBlockProcessor
-{
-public:
-    void BeginFile(const QString& path) override
+    void Progress(const QString& text, int value, int maximum) override
     {
-        events.append(QStringLiteral("begin ") + QFileInfo(path).fileName());
+        events.append(QString("progress %1 %2/%3").arg(QFileInfo(text).fileName()).arg(value).arg(maximum));
     }
+    void BeginFile(const QString& path) override { events.append("begin " + QFileInfo(path).fileName()); }
     void ProcessBlock(const QStringList& block, QStringList& result) override
     {
-        events.append(QStringLiteral("block"));
+        events.append("block");
         result.append(block);
     }
-    void EndFile(const QString& path) override { events.append(QStringLiteral("end ") + QFileInfo(path).fileName()); }
+    void EndFile(const QString& path) override { events.append("end " + QFileInfo(path).fileName()); }
     QStringList events;
 };
 
-const QByteArray withLinks = HostText({ QStringLiteral("DOC=a.pdf"), QStringLiteral("BO"), QStringLiteral("NA=Schacht"),
-    QStringLiteral("HREF=") + StandardLink(QStringLiteral("C:\\x.pdf")), QStringLiteral("EO") });
-const QByteArray withoutLinks = HostText(
-    { QStringLiteral("DOC=a.pdf"), QStringLiteral("BO"), QStringLiteral("NA=Schacht"), QStringLiteral("EO") });
+const QByteArray withLinks = HostText({ "DOC=a.pdf", "BO", "NA=Schacht", "HREF=" + StandardLink("C:\\x.pdf"), "EO" });
+const QByteArray withoutLinks = HostText({ "DOC=a.pdf", "BO", "NA=Schacht", "EO" });
 
-AnnotationFileProcessor processorFor(const TestProject& project, const QStringList& documents)
+// Runs link removal over the annotation files of `documents`.
+AnnotationFileProcessor removeLinks(const TestProject& project, const QStringList& documents)
 {
     AnnotationFileProcessor processor;
     processor.SetProjectRootDir(project.Root());
     processor.SetFileNames(documents);
+    RemoveHREFBlockProcessor remove;
+    processor.Run(remove);
     return processor;
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(ProgressCall)
 
 class AnnotationFileProcessorTest : public QObject
 {
@@ -73,17 +58,12 @@ class AnnotationFileProcessorTest : public QObject
 private Q_SLOTS:
     void findsAnnotationFileOfDocument_data();
     void findsAnnotationFileOfDocument();
-    void reportsProgressForEveryDocumentButCountsOnlyFoundFiles();
-    void emptyFileListDoesNothing();
-    void missingDataFolderDoesNothing();
-    void fileThatCannotBeOpenedIsSkippedButClosedOff();
-    void shorterTextLeavesNoRemnant();
+    void reportsEveryDocumentButCountsOnlyFoundFiles();
     void unchangedFileIsNotWritten();
     void invalidUtf8IsNeverRewritten_data();
     void invalidUtf8IsNeverRewritten();
     void byteOrderMarkAndNulBytesSurvive();
-    void symbolicLinkStaysALink();
-    void permissionsAreKept();
+    void replacementKeepsSymbolicLinkAndPermissions();
     void allFilesModeTakesTopLevelAnnotationFilesInNameOrder();
     void failedWriteKeepsOldContentAndLeavesNoTemporaryFile_data();
     void failedWriteKeepsOldContentAndLeavesNoTemporaryFile();
@@ -94,23 +74,16 @@ void AnnotationFileProcessorTest::findsAnnotationFileOfDocument_data()
     QTest::addColumn<QStringList>("present");
     QTest::addColumn<QString>("document");
     QTest::addColumn<QString>("expected");
-
-    QTest::newRow("base name up to first dot")
-        << QStringList { QStringLiteral("plan.ann") } << QStringLiteral("plan.rev.pdf") << QStringLiteral("plan.ann");
-    QTest::newRow("fallback removes only the last dot")
-        << QStringList { QStringLiteral("plan.revpdf.ann") } << QStringLiteral("plan.rev.pdf")
-        << QStringLiteral("plan.revpdf.ann");
-    QTest::newRow("primary wins over fallback")
-        << QStringList { QStringLiteral("plan.ann"), QStringLiteral("plan.revpdf.ann") }
-        << QStringLiteral("plan.rev.pdf") << QStringLiteral("plan.ann");
-    QTest::newRow("folders of the document are ignored")
-        << QStringList { QStringLiteral("Lageplan.ann") } << QStringLiteral("/srv/Projekt.2024/Lageplan.pdf")
-        << QStringLiteral("Lageplan.ann");
-    QTest::newRow("fallback with a folder")
-        << QStringList { QStringLiteral("Schnitt.A-Apdf.ann") } << QStringLiteral("Dokumente/Schnitt.A-A.pdf")
-        << QStringLiteral("Schnitt.A-Apdf.ann");
-    QTest::newRow("neither exists: the fallback is named")
-        << QStringList {} << QStringLiteral("x.y.pdf") << QStringLiteral("x.ypdf.ann");
+    QTest::newRow("base name up to the first dot") << QStringList { "plan.ann", "plan.revpdf.ann" } << "plan.rev.pdf"
+                                                   << "plan.ann";
+    QTest::newRow("fallback drops only the last dot") << QStringList { "plan.revpdf.ann" } << "plan.rev.pdf"
+                                                      << "plan.revpdf.ann";
+    QTest::newRow("folders of the document ignored") << QStringList { "Lageplan.ann" } << "/srv/P.2024/Lageplan.pdf"
+                                                     << "Lageplan.ann";
+    QTest::newRow("fallback with a folder") << QStringList { "S.A-Apdf.ann" } << "Dok/S.A-A.pdf"
+                                            << "S.A-Apdf.ann";
+    QTest::newRow("neither exists: the fallback") << QStringList {} << "x.y.pdf"
+                                                  << "x.ypdf.ann";
 }
 
 void AnnotationFileProcessorTest::findsAnnotationFileOfDocument()
@@ -124,206 +97,120 @@ void AnnotationFileProcessorTest::findsAnnotationFileOfDocument()
     QCOMPARE(AnnotationFileProcessor::AnnotationFilePath(project.DataDir(), document), project.DataPath(expected));
 }
 
-void AnnotationFileProcessorTest::reportsProgressForEveryDocumentButCountsOnlyFoundFiles()
+// b.ann is missing, c.ann is a folder that cannot be opened as a file.
+void AnnotationFileProcessorTest::reportsEveryDocumentButCountsOnlyFoundFiles()
 {
     TestProject project;
-    project.Write(QStringLiteral("a.ann"), withLinks);
-    project.Write(QStringLiteral("c.ann"), withoutLinks);
-    AnnotationFileProcessor processor
-        = processorFor(project, { QStringLiteral("a.pdf"), QStringLiteral("b.pdf"), QStringLiteral("c.pdf") });
-    RecordingProgress progress;
-    processor.SetProgressCallback(&progress);
+    project.Write("a.ann", withLinks);
+    QVERIFY(QDir(project.DataDir()).mkdir("c.ann"));
+    project.Write("d.ann", withoutLinks);
+    AnnotationFileProcessor processor;
+    processor.SetProjectRootDir(project.Root());
+    processor.SetFileNames({ "a.pdf", "b.pdf", "c.pdf", "d.pdf" });
     EventLog log;
-
+    processor.SetProgressCallback(&log);
     processor.Run(log);
 
-    const QList<ProgressCall> expected { { project.DataPath(QStringLiteral("a.ann")), 1, 3 },
-        { project.DataPath(QStringLiteral("bpdf.ann")), 2, 3 }, { project.DataPath(QStringLiteral("c.ann")), 3, 3 } };
-    QCOMPARE(progress.calls, expected);
     QCOMPARE(log.events,
-        (QStringList { QStringLiteral("begin a.ann"), QStringLiteral("block"), QStringLiteral("end a.ann"),
-            QStringLiteral("begin c.ann"), QStringLiteral("block"), QStringLiteral("end c.ann") }));
+        (QStringList { "progress a.ann 1/4", "begin a.ann", "block", "end a.ann", "progress bpdf.ann 2/4",
+            "progress c.ann 3/4", "begin c.ann", "end c.ann", "progress d.ann 4/4", "begin d.ann", "block",
+            "end d.ann" }));
     QCOMPARE(processor.GetFilesExamined(), 2);
     QCOMPARE(processor.GetFilesChanged(), 0);
-}
-
-void AnnotationFileProcessorTest::emptyFileListDoesNothing()
-{
-    TestProject project;
-    project.Write(QStringLiteral("a.ann"), withLinks);
-    AnnotationFileProcessor processor = processorFor(project, {});
-    RecordingProgress progress;
-    processor.SetProgressCallback(&progress);
-    RemoveHREFBlockProcessor remove;
-    processor.Run(remove);
-    QVERIFY(progress.calls.isEmpty());
-    QCOMPARE(processor.GetFilesExamined(), 0);
-    QCOMPARE(processor.GetFilesChanged(), 0);
-    QCOMPARE(project.Read(QStringLiteral("a.ann")), withLinks);
-}
-
-void AnnotationFileProcessorTest::missingDataFolderDoesNothing()
-{
-    QTemporaryDir root;
-    AnnotationFileProcessor processor;
-    processor.SetProjectRootDir(root.path());
-    processor.SetFileNames({ QStringLiteral("a.pdf") });
-    RecordingProgress progress;
-    processor.SetProgressCallback(&progress);
-    EventLog log;
-    processor.Run(log);
-    QVERIFY(progress.calls.isEmpty());
-    QVERIFY(log.events.isEmpty());
-}
-
-// A folder with the name of an annotation file exists but cannot be opened as
-// a file, for root too (unlike a file without permissions).
-void AnnotationFileProcessorTest::fileThatCannotBeOpenedIsSkippedButClosedOff()
-{
-    TestProject project;
-    QVERIFY(QDir(project.DataDir()).mkdir(QStringLiteral("a.ann")));
-    project.Write(QStringLiteral("b.ann"), withLinks);
-    AnnotationFileProcessor processor = processorFor(project, { QStringLiteral("a.pdf"), QStringLiteral("b.pdf") });
-    EventLog log;
-    processor.Run(log);
-    QCOMPARE(log.events,
-        (QStringList { QStringLiteral("begin a.ann"), QStringLiteral("end a.ann"), QStringLiteral("begin b.ann"),
-            QStringLiteral("block"), QStringLiteral("end b.ann") }));
-    QCOMPARE(processor.GetFilesExamined(), 1);
-}
-
-void AnnotationFileProcessorTest::shorterTextLeavesNoRemnant()
-{
-    TestProject project;
-    project.Write(QStringLiteral("a.ann"), withLinks);
-    AnnotationFileProcessor processor = processorFor(project, { QStringLiteral("a.pdf") });
-    RemoveHREFBlockProcessor remove;
-    processor.Run(remove);
-    QCOMPARE(project.Read(QStringLiteral("a.ann")), withoutLinks);
-    QCOMPARE(processor.GetFilesChanged(), 1);
-    QCOMPARE(processor.GetChangedFiles(), QStringList { project.DataPath(QStringLiteral("a.ann")) });
 }
 
 void AnnotationFileProcessorTest::unchangedFileIsNotWritten()
 {
     TestProject project;
-    project.Write(QStringLiteral("a.ann"), withoutLinks);
+    project.Write("a.ann", withoutLinks);
     const QDateTime past = QDateTime::currentDateTime().addDays(-30);
-    {
-        QFile file(project.DataPath(QStringLiteral("a.ann")));
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(file.setFileTime(past, QFileDevice::FileModificationTime));
-    }
-    AnnotationFileProcessor processor = processorFor(project, { QStringLiteral("a.pdf") });
-    RemoveHREFBlockProcessor remove;
-    processor.Run(remove);
+    QFile file(project.DataPath("a.ann"));
+    QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(past, QFileDevice::FileModificationTime));
+    file.close();
+
+    const AnnotationFileProcessor processor = removeLinks(project, { "a.pdf" });
     QCOMPARE(processor.GetFilesExamined(), 1);
     QCOMPARE(processor.GetFilesChanged(), 0);
-    QCOMPARE(QFileInfo(project.DataPath(QStringLiteral("a.ann"))).lastModified().toSecsSinceEpoch(),
-        past.toSecsSinceEpoch());
+    QCOMPARE(QFileInfo(file).lastModified().toSecsSinceEpoch(), past.toSecsSinceEpoch());
 }
 
 void AnnotationFileProcessorTest::invalidUtf8IsNeverRewritten_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    const QByteArray href = "HREF=" + StandardLink(QStringLiteral("x")).toUtf8();
-    QTest::newRow("Latin-1 umlaut") << QByteArray("BO\r\nNA=Stra\xDF"
-                                                  "e\r\n"
-        + href + "\r\nEO");
-    QTest::newRow("sequence cut off at the end") << QByteArray("BO\r\n" + href + "\r\nEO\r\nX=\xC3");
-    QTest::newRow("encoded surrogate") << QByteArray("BO\r\nNA=\xED\xA0\x80\r\n" + href + "\r\nEO");
-    QTest::newRow("overlong slash") << QByteArray("BO\r\nNA=\xC0\xAF\r\n" + href + "\r\nEO");
+    const QByteArray link = "\r\nHREF=x\r\nEO";
+    QTest::newRow("Latin-1 umlaut") << "BO\r\nNA=Stra\xDF"
+                                       "e"
+            + link;
+    QTest::newRow("sequence cut off at the end") << "BO" + link + "\r\nX=\xC3";
+    QTest::newRow("encoded surrogate") << "BO\r\nNA=\xED\xA0\x80" + link;
+    QTest::newRow("overlong slash") << "BO\r\nNA=\xC0\xAF" + link;
 }
 
 void AnnotationFileProcessorTest::invalidUtf8IsNeverRewritten()
 {
     QFETCH(QByteArray, bytes);
     TestProject project;
-    project.Write(QStringLiteral("a.ann"), bytes);
-    AnnotationFileProcessor processor = processorFor(project, { QStringLiteral("a.pdf") });
-    RemoveHREFBlockProcessor remove;
-    processor.Run(remove);
-    QCOMPARE(project.Read(QStringLiteral("a.ann")), bytes);
+    project.Write("a.ann", bytes);
+    const AnnotationFileProcessor processor = removeLinks(project, { "a.pdf" });
+    QCOMPARE(project.Read("a.ann"), bytes);
     QCOMPARE(processor.GetFilesExamined(), 1);
     QCOMPARE(processor.GetFilesChanged(), 0);
-    QCOMPARE(processor.GetWarnings().size(), 1);
-    QVERIFY(processor.GetWarnings().first().contains(QStringLiteral("UTF-8")));
+    QCOMPARE(processor.GetWarnings(), QStringList { project.DataPath("a.ann") + ": not valid UTF-8, left unchanged" });
 }
 
 void AnnotationFileProcessorTest::byteOrderMarkAndNulBytesSurvive()
 {
     TestProject project;
-    project.Write(QStringLiteral("a.ann"),
+    project.Write("a.ann",
         QByteArray("\xEF\xBB\xBF"
                    "BO\nTX=a\0b\n",
             13)
             + "HREF=x\nEO\n");
-    AnnotationFileProcessor processor = processorFor(project, { QStringLiteral("a.pdf") });
-    RemoveHREFBlockProcessor remove;
-    processor.Run(remove);
-    QCOMPARE(project.Read(QStringLiteral("a.ann")),
+    removeLinks(project, { "a.pdf" });
+    QCOMPARE(project.Read("a.ann"),
         QByteArray("\xEF\xBB\xBF"
                    "BO\r\nTX=a\0b\r\nEO",
             17));
 }
 
-void AnnotationFileProcessorTest::symbolicLinkStaysALink()
+void AnnotationFileProcessorTest::replacementKeepsSymbolicLinkAndPermissions()
 {
     TestProject project;
-    project.Write(QStringLiteral("real.ann"), withLinks);
-    QVERIFY(QFile::link(QStringLiteral("real.ann"), project.DataPath(QStringLiteral("a.ann"))));
-    AnnotationFileProcessor processor = processorFor(project, { QStringLiteral("a.pdf") });
-    RemoveHREFBlockProcessor remove;
-    processor.Run(remove);
-    QVERIFY(QFileInfo(project.DataPath(QStringLiteral("a.ann"))).isSymLink());
-    QCOMPARE(project.Read(QStringLiteral("real.ann")), withoutLinks);
-}
+    project.Write("real.ann", withLinks);
+    QVERIFY(QFile::link("real.ann", project.DataPath("a.ann")));
+    const auto permissions = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup;
+    QVERIFY(QFile::setPermissions(project.DataPath("real.ann"), permissions));
 
-void AnnotationFileProcessorTest::permissionsAreKept()
-{
-    TestProject project;
-    project.Write(QStringLiteral("a.ann"), withLinks);
-    const QFileDevice::Permissions permissions
-        = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup;
-    QVERIFY(QFile::setPermissions(project.DataPath(QStringLiteral("a.ann")), permissions));
-    AnnotationFileProcessor processor = processorFor(project, { QStringLiteral("a.pdf") });
-    RemoveHREFBlockProcessor remove;
-    processor.Run(remove);
-    QCOMPARE(processor.GetFilesChanged(), 1);
+    removeLinks(project, { "a.pdf" });
+    QVERIFY(QFileInfo(project.DataPath("a.ann")).isSymLink());
+    QCOMPARE(project.Read("real.ann"), withoutLinks);
     // The "User" flags describe whoever runs the test, not the file.
-    const QFileDevice::Permissions ofFile = QFile::permissions(project.DataPath(QStringLiteral("a.ann")))
-        & ~(QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser);
-    QCOMPARE(ofFile, permissions);
+    const auto userFlags = QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser;
+    QCOMPARE(QFile::permissions(project.DataPath("real.ann")) & ~userFlags, permissions);
 }
 
 void AnnotationFileProcessorTest::allFilesModeTakesTopLevelAnnotationFilesInNameOrder()
 {
     TestProject project;
-    project.Write(QStringLiteral("b.rev.ann"), withLinks);
-    project.Write(QStringLiteral("a.ann"), withLinks);
-    project.Write(QStringLiteral("notes.txt"), withLinks);
-    QVERIFY(QDir(project.DataDir()).mkpath(QStringLiteral("ann_sic/01.01.2024 10.00.00")));
-    project.Write(QStringLiteral("ann_sic/01.01.2024 10.00.00/a.ann"), withLinks);
+    project.Write("b.rev.ann", withLinks);
+    project.Write("a.ann", withLinks);
+    project.Write("notes.txt", withLinks);
+    QVERIFY(QDir(project.DataDir()).mkpath("ann_sic/01.01.2024 10.00.00"));
+    project.Write("ann_sic/01.01.2024 10.00.00/a.ann", withLinks);
 
     AnnotationFileProcessor processor;
     processor.SetProjectRootDir(project.Root());
     processor.SetAllAnnotationFiles(true);
-    RecordingProgress progress;
-    processor.SetProgressCallback(&progress);
     RemoveHREFBlockProcessor remove;
     processor.Run(remove);
-
-    QCOMPARE(progress.calls.size(), 2);
-    QCOMPARE(progress.calls.at(0).text, project.DataPath(QStringLiteral("a.ann")));
-    QCOMPARE(progress.calls.at(1).text, project.DataPath(QStringLiteral("b.rev.ann")));
-    QCOMPARE(processor.GetFilesChanged(), 2);
-    QCOMPARE(project.Read(QStringLiteral("notes.txt")), withLinks);
-    QCOMPARE(project.Read(QStringLiteral("ann_sic/01.01.2024 10.00.00/a.ann")), withLinks);
+    QCOMPARE(processor.GetChangedFiles(), (QStringList { project.DataPath("a.ann"), project.DataPath("b.rev.ann") }));
+    QCOMPARE(project.Read("notes.txt"), withLinks);
+    QCOMPARE(project.Read("ann_sic/01.01.2024 10.00.00/a.ann"), withLinks);
 }
 
-// The write runs in a child process under a file-size limit smaller than
-// the new content: once with the limit's signal ignored (the write fails),
-// once with its default action (the process is killed mid-write).
+// The write runs in a child process under a file-size limit far below the
+// new content: once with the limit's signal ignored (the write fails), once
+// with its default action (the process is killed in the middle of writing).
 void AnnotationFileProcessorTest::failedWriteKeepsOldContentAndLeavesNoTemporaryFile_data()
 {
     QTest::addColumn<bool>("killed");
@@ -335,37 +222,29 @@ void AnnotationFileProcessorTest::failedWriteKeepsOldContentAndLeavesNoTemporary
 {
     QFETCH(bool, killed);
     TestProject project;
-    QStringList lines { QStringLiteral("DOC=a.pdf") };
-    for (int i = 0; i < 400; ++i) {
-        lines << QStringLiteral("BO") << QStringLiteral("NA=Objekt %1").arg(i)
-              << QStringLiteral("HREF=") + StandardLink(QStringLiteral("C:\\x.pdf")) << QStringLiteral("EO");
-    }
-    const QByteArray original = lines.join(QLatin1Char('\n')).toUtf8(); // LF: every byte is rewritten
-    project.Write(QStringLiteral("a.ann"), original);
+    QStringList lines;
+    for (int i = 0; i < 400; ++i)
+        lines << "BO" << QString("NA=Objekt %1").arg(i) << "HREF=" + StandardLink("C:\\x.pdf") << "EO";
+    const QByteArray original = lines.join('\n').toUtf8(); // LF: every byte gets rewritten
+    project.Write("a.ann", original);
 
     const pid_t child = fork();
     QVERIFY(child >= 0);
     if (child == 0) {
         std::signal(SIGXFSZ, killed ? SIG_DFL : SIG_IGN);
-        const rlim_t limit = 1024; // well below the rewritten text
-        const rlimit fileSize { limit, limit };
+        const rlimit fileSize { 1024, 1024 };
         setrlimit(RLIMIT_FSIZE, &fileSize);
-        AnnotationFileProcessor processor = processorFor(project, { QStringLiteral("a.pdf") });
-        RemoveHREFBlockProcessor remove;
-        processor.Run(remove);
+        const AnnotationFileProcessor processor = removeLinks(project, { "a.pdf" });
         _exit(processor.GetFilesChanged() * 10 + processor.GetWarnings().size());
     }
     int status = 0;
     QCOMPARE(waitpid(child, &status, 0), child);
-    if (killed) {
-        QVERIFY(WIFSIGNALED(status));
-        QCOMPARE(WTERMSIG(status), SIGXFSZ);
-    } else {
-        QVERIFY(WIFEXITED(status));
-        QCOMPARE(WEXITSTATUS(status), 1); // nothing changed, one warning
-    }
-    QCOMPARE(project.Read(QStringLiteral("a.ann")), original);
-    QCOMPARE(project.DataEntries(), QStringList { QStringLiteral("a.ann") });
+    if (killed)
+        QVERIFY(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ);
+    else
+        QVERIFY(WIFEXITED(status) && WEXITSTATUS(status) == 1); // nothing changed, one warning
+    QCOMPARE(project.Read("a.ann"), original);
+    QCOMPARE(project.DataEntries(), QStringList { "a.ann" });
 }
 
 QTEST_GUILESS_MAIN(AnnotationFileProcessorTest)

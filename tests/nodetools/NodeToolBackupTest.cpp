@@ -4,16 +4,10 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QRegularExpression>
 #include <QTest>
 #include <QThread>
 
 namespace {
-
-QStringList backupFolders(const TestProject& project)
-{
-    return QDir(project.DataPath(QStringLiteral("ann_sic"))).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-}
 
 QByteArray readFile(const QString& path)
 {
@@ -21,11 +15,12 @@ QByteArray readFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
 }
 
-// Waits for the start of a second, so that two backups fall into it.
-void waitForFreshSecond()
+NodeToolBackup backupOf(const TestProject& project, const QString& logText)
 {
-    const QDateTime now = QDateTime::currentDateTime();
-    QThread::msleep(unsigned(1000 - now.time().msec()) + 20);
+    NodeToolBackup backup;
+    backup.projectRootDir = project.Root();
+    backup.logText = logText;
+    return backup;
 }
 
 } // namespace
@@ -44,85 +39,66 @@ private Q_SLOTS:
 void NodeToolBackupTest::copiesAnnotationFilesIntoTimeStampedFolderWithLog()
 {
     TestProject project;
-    project.Write(QStringLiteral("a.ann"), "A");
-    project.Write(QStringLiteral("Übersicht.ann"), "B");
-    project.Write(QStringLiteral("Lageplan.pdf"), "PDF");
-    QVERIFY(QDir(project.DataDir()).mkdir(QStringLiteral("unter")));
-    project.Write(QStringLiteral("unter/c.ann"), "C");
+    project.Write("Übersicht.ann", "B");
+    project.Write("Lageplan.pdf", "PDF");
+    QVERIFY(QDir(project.DataDir()).mkdir("unter"));
+    project.Write("unter/c.ann", "C");
 
-    NodeToolBackup backup;
-    backup.projectRootDir = project.Root() + QStringLiteral("/./");
-    backup.logText = QStringLiteral("Node Tool Operation: 1\nSource: x\nUser: mmeier");
+    NodeToolBackup backup = backupOf(project, "Node Tool Operation: 1\nSource: x\nUser: mmeier");
+    backup.projectRootDir += "/./";
     const QDateTime before = QDateTime::currentDateTime();
     QVERIFY(backup.Create());
 
-    const QStringList folders = backupFolders(project);
-    QCOMPARE(folders.size(), 1);
-    QVERIFY(QRegularExpression(QStringLiteral("^\\d\\d\\.\\d\\d\\.\\d{4} \\d\\d\\.\\d\\d\\.\\d\\d$"))
-                .match(folders.first())
-                .hasMatch());
-    const QDateTime stamp = QDateTime::fromString(folders.first(), QStringLiteral("dd.MM.yyyy hh.mm.ss"));
-    QVERIFY(qAbs(stamp.secsTo(before)) <= 2);
-
-    const QString folder = project.DataPath(QStringLiteral("ann_sic/") + folders.first());
-    QCOMPARE(backup.GetBackupFolder(), folder);
-    QCOMPARE(QDir(folder).entryList(QDir::Files, QDir::Name),
-        (QStringList {
-            QStringLiteral("a.ann"), QStringLiteral("nodeToolOperation.log"), QStringLiteral("Übersicht.ann") }));
-    QCOMPARE(readFile(folder + QStringLiteral("/Übersicht.ann")), QByteArray("B"));
-    QCOMPARE(readFile(folder + QStringLiteral("/nodeToolOperation.log")),
-        QByteArray("Node Tool Operation: 1\nSource: x\nUser: mmeier\n"));
+    const QString folder = backup.GetBackupFolder();
+    QCOMPARE(QFileInfo(folder).dir().path(), project.DataPath("ann_sic"));
+    const QDateTime stamp = QDateTime::fromString(QFileInfo(folder).fileName(), "dd.MM.yyyy hh.mm.ss");
+    QVERIFY(stamp.isValid() && qAbs(stamp.secsTo(before)) <= 2);
+    QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name),
+        (QStringList { "nodeToolOperation.log", "Übersicht.ann" }));
+    QCOMPARE(readFile(folder + "/Übersicht.ann"), QByteArray("B"));
+    QCOMPARE(
+        readFile(folder + "/nodeToolOperation.log"), QByteArray("Node Tool Operation: 1\nSource: x\nUser: mmeier\n"));
 }
 
 void NodeToolBackupTest::failsWithoutUsableProject_data()
 {
     QTest::addColumn<QString>("situation");
-    QTest::newRow("empty root") << QStringLiteral("empty");
-    QTest::newRow("no data folder") << QStringLiteral("nodata");
-    QTest::newRow("backup folder cannot be created") << QStringLiteral("blocked");
+    QTest::newRow("empty root") << "empty";
+    QTest::newRow("no data folder") << "nodata";
+    QTest::newRow("backup folder cannot be created") << "blocked";
 }
 
 void NodeToolBackupTest::failsWithoutUsableProject()
 {
     QFETCH(QString, situation);
     TestProject project;
-    NodeToolBackup backup;
-    backup.projectRootDir = project.Root();
-    if (situation == QLatin1String("empty"))
+    NodeToolBackup backup = backupOf(project, "log");
+    if (situation == "empty")
         backup.projectRootDir.clear();
-    else if (situation == QLatin1String("nodata"))
+    else if (situation == "nodata")
         QVERIFY(QDir(project.DataDir()).removeRecursively());
     else
-        project.Write(QStringLiteral("ann_sic"), "a file where the folder should go");
+        project.Write("ann_sic", "a file where the folder should go");
     QVERIFY(!backup.Create());
     QVERIFY(backup.GetBackupFolder().isEmpty());
 }
 
 void NodeToolBackupTest::secondBackupInSameSecondSharesFolderAndOverwritesLogStart()
 {
-    TestProject project;
-    project.Write(QStringLiteral("a.ann"), "vorher");
-
     for (int attempt = 0; attempt < 5; ++attempt) {
-        waitForFreshSecond();
-        NodeToolBackup first;
-        first.projectRootDir = project.Root();
-        first.logText = QStringLiteral("first run, a long line");
+        TestProject project;
+        project.Write("a.ann", "vorher");
+        QThread::msleep(unsigned(1020 - QTime::currentTime().msec())); // the start of a second
+        NodeToolBackup first = backupOf(project, "first run, a long line");
         QVERIFY(first.Create());
-        project.Write(QStringLiteral("a.ann"), "nachher");
-        NodeToolBackup second;
-        second.projectRootDir = project.Root();
-        second.logText = QStringLiteral("second");
+        project.Write("a.ann", "nachher");
+        NodeToolBackup second = backupOf(project, "second");
         QVERIFY(second.Create());
-        if (first.GetBackupFolder() != second.GetBackupFolder()) {
-            QVERIFY(QDir(project.DataPath(QStringLiteral("ann_sic"))).removeRecursively());
-            project.Write(QStringLiteral("a.ann"), "vorher");
-            continue; // the second crossed into the next second after all
-        }
-        // The copy of the first run stays; the log keeps the first run's tail.
-        QCOMPARE(readFile(first.GetBackupFolder() + QStringLiteral("/a.ann")), QByteArray("vorher"));
-        QCOMPARE(readFile(first.GetBackupFolder() + QStringLiteral("/nodeToolOperation.log")),
-            QByteArray("second\nun, a long line\n"));
+        if (first.GetBackupFolder() != second.GetBackupFolder())
+            continue; // crossed into the next second after all
+
+        QCOMPARE(readFile(first.GetBackupFolder() + "/a.ann"), QByteArray("vorher"));
+        QCOMPARE(readFile(first.GetBackupFolder() + "/nodeToolOperation.log"), QByteArray("second\nun, a long line\n"));
         return;
     }
     QFAIL("could not get two backups into one second");

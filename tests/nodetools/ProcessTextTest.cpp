@@ -25,6 +25,8 @@ public:
     std::function<void(const QStringList&, QStringList&)> rewrite;
 };
 
+using Blocks = QList<QStringList>;
+
 } // namespace
 
 class ProcessTextTest : public QObject
@@ -34,8 +36,7 @@ class ProcessTextTest : public QObject
 private Q_SLOTS:
     void splitsIntoBlocksAndJoinsWithCrLf_data();
     void splitsIntoBlocksAndJoinsWithCrLf();
-    void blockWithNoResultLinesIsDeleted();
-    void rewrittenBlockTakesThePlaceOfTheOld();
+    void resultLinesTakeThePlaceOfTheBlock();
     void processorMayKeepLinesOfEarlierBlocks();
 };
 
@@ -44,50 +45,35 @@ void ProcessTextTest::splitsIntoBlocksAndJoinsWithCrLf_data()
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("expected");
     QTest::addColumn<bool>("changed");
-    QTest::addColumn<QList<QStringList>>("blocks");
+    QTest::addColumn<Blocks>("blocks");
 
-    const QStringList blockA { QStringLiteral("BO"), QStringLiteral("A=1"), QStringLiteral("EO") };
-    const QStringList blockB { QStringLiteral("BO"), QStringLiteral("B=2"), QStringLiteral("EO") };
-
-    QTest::newRow("host form stays untouched")
-        << QStringLiteral("H\r\nBO\r\nA=1\r\nEO") << QStringLiteral("H\r\nBO\r\nA=1\r\nEO") << false
-        << QList<QStringList> { blockA };
-    QTest::newRow("LF line ends are normalised")
-        << QStringLiteral("H\nBO\nA=1\nEO") << QStringLiteral("H\r\nBO\r\nA=1\r\nEO") << true
-        << QList<QStringList> { blockA };
-    QTest::newRow("text without blocks is normalised too")
-        << QStringLiteral("A\nB") << QStringLiteral("A\r\nB") << true << QList<QStringList> {};
-    QTest::newRow("lone CR ends a line") << QStringLiteral("A\rB") << QStringLiteral("A\r\nB") << true
-                                         << QList<QStringList> {};
-    QTest::newRow("final line end is dropped")
-        << QStringLiteral("BO\r\nA=1\r\nEO\r\n") << QStringLiteral("BO\r\nA=1\r\nEO") << true
-        << QList<QStringList> { blockA };
-    QTest::newRow("empty lines vanish, also inside blocks")
-        << QStringLiteral("BO\r\n\r\nA=1\n\nEO") << QStringLiteral("BO\r\nA=1\r\nEO") << true
-        << QList<QStringList> { blockA };
-    QTest::newRow("two blocks in a row, each with its markers")
-        << QStringLiteral("BO\r\nA=1\r\nEO\r\nBO\r\nB=2\r\nEO") << QStringLiteral("BO\r\nA=1\r\nEO\r\nBO\r\nB=2\r\nEO")
-        << false << QList<QStringList> { blockA, blockB };
-    QTest::newRow("lines between blocks are copied") << QStringLiteral("BO\r\nA=1\r\nEO\r\nX=9\r\nBO\r\nB=2\r\nEO")
-                                                     << QStringLiteral("BO\r\nA=1\r\nEO\r\nX=9\r\nBO\r\nB=2\r\nEO")
-                                                     << false << QList<QStringList> { blockA, blockB };
-    QTest::newRow("unclosed block loses the tail of the file")
-        << QStringLiteral("H\r\nBO\r\nA=1\r\nB=2") << QStringLiteral("H") << true << QList<QStringList> {};
-    QTest::newRow("unclosed block after a closed one")
-        << QStringLiteral("BO\r\nA=1\r\nEO\r\nX\r\nBO\r\nB=2") << QStringLiteral("BO\r\nA=1\r\nEO\r\nX") << true
-        << QList<QStringList> { blockA };
-    QTest::newRow("markers must stand alone and in capitals")
-        << QStringLiteral(" BO\r\nbo\r\nBO \r\nEO") << QStringLiteral(" BO\r\nbo\r\nBO \r\nEO") << false
-        << QList<QStringList> {};
-    QTest::newRow("EO outside a block is an ordinary line")
-        << QStringLiteral("EO\r\nBO\r\nA=1\r\nEO") << QStringLiteral("EO\r\nBO\r\nA=1\r\nEO") << false
-        << QList<QStringList> { blockA };
-    QTest::newRow("BO inside a block is an ordinary line")
-        << QStringLiteral("BO\r\nBO\r\nA=1\r\nEO") << QStringLiteral("BO\r\nBO\r\nA=1\r\nEO") << false
-        << QList<QStringList> { QStringList {
-               QStringLiteral("BO"), QStringLiteral("BO"), QStringLiteral("A=1"), QStringLiteral("EO") } };
-    QTest::newRow("empty text") << QString() << QString() << false << QList<QStringList> {};
-    QTest::newRow("only line ends") << QStringLiteral("\r\n\n") << QString() << true << QList<QStringList> {};
+    const QStringList a { "BO", "A=1", "EO" };
+    const QStringList b { "BO", "B=2", "EO" };
+    QTest::newRow("host form stays untouched") << "H\r\nBO\r\nA=1\r\nEO"
+                                               << "H\r\nBO\r\nA=1\r\nEO" << false << Blocks { a };
+    QTest::newRow("LF line ends") << "H\nBO\nA=1\nEO"
+                                  << "H\r\nBO\r\nA=1\r\nEO" << true << Blocks { a };
+    QTest::newRow("text without blocks") << "A\nB"
+                                         << "A\r\nB" << true << Blocks {};
+    QTest::newRow("lone CR ends a line") << "A\rB"
+                                         << "A\r\nB" << true << Blocks {};
+    QTest::newRow("final line end dropped") << "BO\r\nA=1\r\nEO\r\n"
+                                            << "BO\r\nA=1\r\nEO" << true << Blocks { a };
+    QTest::newRow("empty lines vanish") << "BO\r\n\r\nA=1\n\nEO"
+                                        << "BO\r\nA=1\r\nEO" << true << Blocks { a };
+    QTest::newRow("two blocks, lines between them copied")
+        << "BO\r\nA=1\r\nEO\r\nX=9\r\nBO\r\nB=2\r\nEO"
+        << "BO\r\nA=1\r\nEO\r\nX=9\r\nBO\r\nB=2\r\nEO" << false << Blocks { a, b };
+    QTest::newRow("unclosed block loses the tail") << "H\r\nBO\r\nA=1\r\nB=2"
+                                                   << "H" << true << Blocks {};
+    QTest::newRow("unclosed block after a closed one") << "BO\r\nA=1\r\nEO\r\nX\r\nBO\r\nB=2"
+                                                       << "BO\r\nA=1\r\nEO\r\nX" << true << Blocks { a };
+    QTest::newRow("markers stand alone, in capitals") << " BO\r\nbo\r\nBO \r\nEO"
+                                                      << " BO\r\nbo\r\nBO \r\nEO" << false << Blocks {};
+    QTest::newRow("EO outside, BO inside a block are ordinary")
+        << "EO\r\nBO\r\nBO\r\nA=1\r\nEO"
+        << "EO\r\nBO\r\nBO\r\nA=1\r\nEO" << false << Blocks { { "BO", "BO", "A=1", "EO" } };
+    QTest::newRow("only line ends") << "\r\n\n" << QString() << true << Blocks {};
 }
 
 void ProcessTextTest::splitsIntoBlocksAndJoinsWithCrLf()
@@ -95,7 +81,7 @@ void ProcessTextTest::splitsIntoBlocksAndJoinsWithCrLf()
     QFETCH(QString, input);
     QFETCH(QString, expected);
     QFETCH(bool, changed);
-    QFETCH(QList<QStringList>, blocks);
+    QFETCH(Blocks, blocks);
 
     RecordingProcessor processor;
     QString text = input;
@@ -104,28 +90,18 @@ void ProcessTextTest::splitsIntoBlocksAndJoinsWithCrLf()
     QCOMPARE(processor.blocks, blocks);
 }
 
-void ProcessTextTest::blockWithNoResultLinesIsDeleted()
+void ProcessTextTest::resultLinesTakeThePlaceOfTheBlock()
 {
     RecordingProcessor processor;
     processor.rewrite = [](const QStringList& block, QStringList& result) {
-        if (!block.contains(QStringLiteral("NA=weg")))
-            result.append(block);
-    };
-    QString text = QStringLiteral("H\r\nBO\r\nNA=weg\r\nEO\r\nBO\r\nNA=bleibt\r\nEO");
-    QVERIFY(AnnotationFileProcessor::ProcessText(text, processor));
-    QCOMPARE(text, QStringLiteral("H\r\nBO\r\nNA=bleibt\r\nEO"));
-}
-
-void ProcessTextTest::rewrittenBlockTakesThePlaceOfTheOld()
-{
-    RecordingProcessor processor;
-    processor.rewrite = [](const QStringList& block, QStringList& result) {
+        if (block.contains("NA=weg"))
+            return; // deleted
         for (const QString& line : block)
-            result.append(line == QStringLiteral("A=1") ? QStringLiteral("A=2") : line);
+            result.append(line == "A=1" ? "A=2" : line);
     };
-    QString text = QStringLiteral("H\r\nBO\r\nA=1\r\nEO\r\nT");
+    QString text = "H\r\nBO\r\nNA=weg\r\nEO\r\nBO\r\nA=1\r\nEO\r\nT";
     QVERIFY(AnnotationFileProcessor::ProcessText(text, processor));
-    QCOMPARE(text, QStringLiteral("H\r\nBO\r\nA=2\r\nEO\r\nT"));
+    QCOMPARE(text, "H\r\nBO\r\nA=2\r\nEO\r\nT");
 }
 
 // Processors may remember lines across blocks (to compare objects, say);
@@ -133,12 +109,10 @@ void ProcessTextTest::rewrittenBlockTakesThePlaceOfTheOld()
 void ProcessTextTest::processorMayKeepLinesOfEarlierBlocks()
 {
     RecordingProcessor processor;
-    QString text = QStringLiteral("BO\r\nNA=erstes Objekt\r\nEO\r\nBO\r\nNA=zweites\r\nEO\r\nBO\r\nX\r\nEO");
+    QString text = "BO\r\nNA=erstes Objekt\r\nEO\r\nBO\r\nNA=zweites\r\nEO\r\nBO\r\nX\r\nEO";
     AnnotationFileProcessor::ProcessText(text, processor);
-    QCOMPARE(processor.blocks.size(), 3);
-    QCOMPARE(processor.blocks.at(0).at(1), QStringLiteral("NA=erstes Objekt"));
-    QCOMPARE(processor.blocks.at(1).at(1), QStringLiteral("NA=zweites"));
-    QCOMPARE(processor.blocks.at(2).at(1), QStringLiteral("X"));
+    QCOMPARE(processor.blocks,
+        (Blocks { { "BO", "NA=erstes Objekt", "EO" }, { "BO", "NA=zweites", "EO" }, { "BO", "X", "EO" } }));
 }
 
 QTEST_GUILESS_MAIN(ProcessTextTest)

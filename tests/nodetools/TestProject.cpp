@@ -5,7 +5,7 @@
 
 TestProject::TestProject()
 {
-    QDir(dir.path()).mkdir(QStringLiteral("Daten"));
+    QDir(dir.path()).mkdir("Daten");
 }
 
 void TestProject::Write(const QString& name, const QByteArray& bytes) const
@@ -29,19 +29,18 @@ QStringList TestProject::DataEntries() const
 QString StandardLink(const QString& path, const QString& page, const QString& description)
 {
     QStringList fields;
-    for (int i = 0; i < 23; ++i)
+    while (fields.size() < 23)
         fields.append(QString());
-    fields[0] = QStringLiteral("0");
+    fields[0] = "0";
     fields[1] = path;
     fields[2] = page;
     fields[3] = description;
-    fields[4] = QStringLiteral("1.0");
-    fields[17] = QStringLiteral("2024-03-07T14:05:09");
-    fields[18] = QStringLiteral("mmeier");
+    fields[4] = "1.0";
+    fields[17] = "2024-03-07T14:05:09";
     return fields.join(QChar(0x11));
 }
 
 QByteArray HostText(const QStringList& lines)
 {
-    return lines.join(QStringLiteral("\r\n")).toUtf8();
+    return lines.join("\r\n").toUtf8();
 }

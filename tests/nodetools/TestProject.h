@@ -12,15 +12,14 @@ class TestProject
 public:
     TestProject();
 
-    bool IsValid() const { return dir.isValid(); }
     QString Root() const { return dir.path(); }
-    QString DataDir() const { return dir.path() + QStringLiteral("/Daten"); }
-    QString DataPath(const QString& name) const { return DataDir() + QLatin1Char('/') + name; }
+    QString DataDir() const { return dir.path() + "/Daten"; }
+    QString DataPath(const QString& name) const { return DataDir() + '/' + name; }
 
     void Write(const QString& name, const QByteArray& bytes) const;
     QByteArray Read(const QString& name) const;
 
-    // Names of the entries of the data folder, hidden ones included, sorted.
+    // The data folder's entries, hidden ones included, sorted.
     QStringList DataEntries() const;
 
 private:
@@ -28,8 +27,7 @@ private:
 };
 
 // A standard link value: 23 fields with `path` in the second one.
-QString StandardLink(const QString& path, const QString& page = QStringLiteral("1"),
-    const QString& description = QStringLiteral("Detail"));
+QString StandardLink(const QString& path, const QString& page = "1", const QString& description = "Detail");
 
 // `lines` joined with CR LF, as the host writes annotation files.
 QByteArray HostText(const QStringList& lines);

@@ -1,6 +1,5 @@
 // A minimal host: runs a node tool over a scratch project through the
 // installed package and checks the result.
-#include <AnnHelperBase.h>
 #include <Vex.h>
 #include <nodetools/RemoveHREFInAnnotationNT.h>
 
@@ -28,12 +27,7 @@ int main()
     tool.SetCategoryFilter(QStringLiteral("Kanal"));
     tool.Execute();
 
-    QList<TargetInfo> targets;
-    QString value = QStringLiteral("0\x11"
-                                   "b.pdf");
-    AnnHelperBase::ParseLink(targets, value);
-
-    const bool ok = tool.GetFilesChanged() == 1 && targets.size() == 1 && !Vex::GetCurrentUserName().isNull();
+    const bool ok = tool.GetFilesChanged() == 1 && !Vex::GetCurrentUserName().isNull();
     std::printf("consumer: %s\n", ok ? "ok" : "FAILED");
     return ok ? 0 : 1;
 }
