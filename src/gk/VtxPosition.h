@@ -1,0 +1,28 @@
+#ifndef KAMO_TOOLS_GK_VTXPOSITION_H
+#define KAMO_TOOLS_GK_VTXPOSITION_H
+
+#include "kamo_tools_export.h"
+
+#include <QString>
+
+#include <cstdint>
+
+namespace GK {
+
+// The label of a sheet corner. Sheet data stores it as a 32-bit integer and
+// may hold values outside the enumerators, which read as "Unknown".
+enum VtxPosition : std::int32_t {
+    vpUnknown = 0,
+    vpTopLeft = 1,
+    vpTopRight = 2,
+    vpBottomLeft = 3,
+    vpBottomRight = 4,
+};
+
+// The text of a label in vertex listings: the enumerator's own name, or
+// "Unknown" for 0 and any value outside 1..4.
+KAMO_TOOLS_EXPORT QString VtxPositionText(VtxPosition position);
+
+} // namespace GK
+
+#endif

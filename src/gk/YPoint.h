@@ -1,0 +1,10 @@
+#ifndef KAMO_TOOLS_GK_YPOINT_H
+#define KAMO_TOOLS_GK_YPOINT_H
+
+// A point of a polyline handed to RectangleDetector.
+struct YPoint {
+    double x = 0.0;
+    double y = 0.0;
+};
+
+#endif
