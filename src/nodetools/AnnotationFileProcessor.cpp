@@ -114,8 +114,9 @@ QString AnnotationFileProcessor::AnnotationFilePath(const QString& dataDir, cons
     return dataDir + QLatin1Char('/') + fallback + AnnotationExtension;
 }
 
-bool AnnotationFileProcessor::ProcessText(QString& text, ObjectBlockProcessor& processor)
+bool AnnotationFileProcessor::ProcessText(QString& text, ObjectBlockProcessor& processor, int* changedBlocks)
 {
+    int changed = 0;
     std::vector<LineSpan> lines;
     splitLines(text, lines);
     const QChar* const chars = text.constData();
@@ -155,11 +156,21 @@ bool AnnotationFileProcessor::ProcessText(QString& text, ObjectBlockProcessor& p
             block.append(reused);
         }
         processor.ProcessBlock(block, result);
+        if (changedBlocks && result != block)
+            ++changed;
         for (const QString& line : qAsConst(result))
             output.append(line);
         result.erase(result.begin(), result.end());
         i = end + 1;
     }
+
+    processor.AppendToFile(result);
+    if (!result.isEmpty())
+        ++changed;
+    for (const QString& line : qAsConst(result))
+        output.append(line);
+    if (changedBlocks)
+        *changedBlocks = changed;
 
     if (output.text == text)
         return false;
@@ -216,7 +227,8 @@ void AnnotationFileProcessor::processFile(const QString& path, ObjectBlockProces
     ++filesExamined;
 
     AnnotationFileIO::DecodedText decoded = AnnotationFileIO::DecodeText(bytes);
-    if (!ProcessText(decoded.text, processor))
+    int changedBlocks = 0;
+    if (!ProcessText(decoded.text, processor, &changedBlocks))
         return;
 
     if (!decoded.validUtf8) {
@@ -224,10 +236,12 @@ void AnnotationFileProcessor::processFile(const QString& path, ObjectBlockProces
         return;
     }
     QString error;
-    if (!AnnotationFileIO::ReplaceFile(path, AnnotationFileIO::EncodeText(decoded.text, decoded.hasBom), &error)) {
+    if (!dryRun
+        && !AnnotationFileIO::ReplaceFile(path, AnnotationFileIO::EncodeText(decoded.text, decoded.hasBom), &error)) {
         warnings.append(tr("%1: could not be written (%2), left unchanged").arg(path, error));
         return;
     }
     ++filesChanged;
     changedFiles.append(path);
+    changedBlockCounts.append(changedBlocks);
 }

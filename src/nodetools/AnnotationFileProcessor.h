@@ -3,6 +3,7 @@
 
 #include "kamo_tools_export.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -31,12 +32,18 @@ public:
 
     void SetProgressCallback(ProgressCallback* callback) { progressCallback = callback; }
 
+    // Processes and counts everything as a real run would, but writes
+    // nothing: GetChangedFiles() then lists the files that would be written.
+    void SetDryRun(bool dry) { dryRun = dry; }
+
     void Run(ObjectBlockProcessor& processor);
 
     // Splits `text` into lines and object blocks, lets `processor` rewrite
     // each block and joins the lines with "\r\n". Answers whether the text
-    // changed; only then is `text` replaced.
-    static bool ProcessText(QString& text, ObjectBlockProcessor& processor);
+    // changed; only then is `text` replaced. `changedBlocks`, when given,
+    // receives the number of blocks the processor did not return as they
+    // were, plus one when it appended lines at the end.
+    static bool ProcessText(QString& text, ObjectBlockProcessor& processor, int* changedBlocks = nullptr);
 
     int GetFilesExamined() const { return filesExamined; }
     int GetFilesChanged() const { return filesChanged; }
@@ -45,8 +52,11 @@ public:
     // unreadable, not writable), one message each, in processing order.
     const QStringList& GetWarnings() const { return warnings; }
 
-    // Full paths of the files written by Run, in processing order.
+    // Full paths of the files written by Run, in processing order, and for
+    // each the number of its blocks that changed (see ProcessText); a file
+    // with 0 changed only by the normalised line ends.
     const QStringList& GetChangedFiles() const { return changedFiles; }
+    const QList<int>& GetChangedBlockCounts() const { return changedBlockCounts; }
 
     // The project's data folder: the cleaned root followed by "/Daten".
     static QString DataDirectory(const QString& projectRootDir);
@@ -71,8 +81,10 @@ private:
     int filesChanged = 0;
     ProgressCallback* progressCallback = nullptr;
     bool allAnnotationFiles = false;
+    bool dryRun = false;
     QStringList warnings;
     QStringList changedFiles;
+    QList<int> changedBlockCounts;
 };
 
 #endif

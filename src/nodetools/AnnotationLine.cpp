@@ -4,6 +4,12 @@ namespace AnnotationLine {
 
 const QString HrefKey = QStringLiteral("HREF");
 const QString CategoryKey = QStringLiteral("KA");
+const QString IdKey = QStringLiteral("ID");
+const QString TypeKey = QStringLiteral("TY");
+const QString PageKey = QStringLiteral("PG");
+const QString GeometryKey = QStringLiteral("GEO");
+const QString NameKey = QStringLiteral("NA");
+const QString TextKey = QStringLiteral("TX");
 
 bool HasKey(const QString& line, const QString& key)
 {
@@ -29,6 +35,36 @@ bool IsInCategory(const QStringList& block, const QString& filter)
             return line.midRef(valueStart) == filter;
     }
     return false;
+}
+
+QString BlockValue(const QStringList& block, const QString& key, bool* found)
+{
+    for (const QString& line : block) {
+        if (HasKey(line, key)) {
+            if (found)
+                *found = true;
+            return line.mid(key.size() + 1);
+        }
+    }
+    if (found)
+        *found = false;
+    return QString();
+}
+
+NameFilter::NameFilter(const QString& pattern)
+    : expression(pattern)
+    , empty(pattern.isEmpty())
+{ }
+
+bool NameFilter::Matches(const QStringList& block) const
+{
+    if (empty)
+        return true;
+    if (!expression.isValid())
+        return false;
+    bool found = false;
+    const QString name = BlockValue(block, NameKey, &found);
+    return found && expression.match(name).hasMatch();
 }
 
 } // namespace AnnotationLine

@@ -40,3 +40,8 @@ void BlockNodeTool::SetAllAnnotationFiles(bool all)
 {
     fileProcessor->SetAllAnnotationFiles(all);
 }
+
+void BlockNodeTool::SetDryRun(bool dry)
+{
+    fileProcessor->SetDryRun(dry);
+}

@@ -26,6 +26,8 @@ public:
     void SetProjectRootDir(const QString& dir);
     void SetFileNames(const QStringList& names);
     void SetAllAnnotationFiles(bool all);
+    // See AnnotationFileProcessor::SetDryRun.
+    void SetDryRun(bool dry);
 
     // The loop of the last run, for its warnings and the files it wrote.
     const AnnotationFileProcessor& FileProcessor() const { return *fileProcessor; }

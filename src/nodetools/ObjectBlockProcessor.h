@@ -26,6 +26,10 @@ public:
     virtual void ProcessBlock(const QStringList& block, QStringList& result) = 0;
 
     virtual void EndFile(const QString& path);
+
+    // Called once per file after its last block: lines appended to `lines`
+    // (whole object blocks) go to the end of the file. The base adds none.
+    virtual void AppendToFile(QStringList& lines);
 };
 
 #endif

@@ -1,0 +1,50 @@
+#ifndef KAMO_VIEW_NODEINFO_H
+#define KAMO_VIEW_NODEINFO_H
+
+#include "kamo_view_export.h"
+
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+// A node of the project tree: a place, a structure or a topic that
+// documents are filed under. A project has up to four zones (planning
+// variants, construction phases); a node keeps its own list of documents for
+// each zone and is shown in one zone at a time.
+class KAMO_VIEW_EXPORT NodeInfo
+{
+public:
+    static constexpr int MaxZones = 4;
+
+    NodeInfo(int id = 0, const QString& name = QString(), int parentId = 0);
+    virtual ~NodeInfo();
+
+    int Id() const { return id; }
+    int ParentId() const { return parentId; } // 0: a top-level node
+
+    const QString& Name() const { return name; }
+    void SetName(const QString& newName) { name = newName; }
+
+    // The zone the node is shown in, 1..MaxZones.
+    int Zone() const { return zone; }
+    void SetZone(int newZone) { zone = newZone; }
+
+    // Document file names of a zone, in the order the node lists them.
+    QStringList Documents(int zone) const { return documents.value(zone); }
+    void SetDocuments(int zone, const QStringList& names) { documents[zone] = names; }
+    // Zones that have documents, ascending.
+    QList<int> Zones() const { return documents.keys(); }
+
+    // Appends the documents of `zone` to `files`.
+    void GetFilesForZone(int zone, QStringList& files) const;
+
+private:
+    int id;
+    int parentId;
+    QString name;
+    int zone = 1;
+    QMap<int, QStringList> documents;
+};
+
+#endif
