@@ -12,6 +12,7 @@ DIR defaults to the sample/ folder next to this script's folder.
 """
 
 import argparse
+import json
 import os
 import shutil
 import uuid
@@ -370,6 +371,19 @@ document(
         tx="Abnahme Haltung H0815 voraussichtlich KW 20", co="#000000"),
 )
 
+# A copy of an earlier plan that no node files any more: its annotations
+# stay behind in the data folder until someone moves them aside.
+document(
+    "Lageplan_Haltungen_alt.pdf", "Lageplan_Haltungen_alt.ann", "host",
+    obj(1, "RECT", 1, "118;86;40;25", "Schacht 12", ka="Schacht",
+        tx="Stand 2019", co="#e03c31",
+        hrefs=[std(PDF + "Schacht_S12.pdf", "1", "Schachtprotokoll S12")]),
+    obj(2, "LINE", 1, "160;100;240;133", "Haltung H0815", ka="Haltung",
+        co="#1f6fd1"),
+    obj(3, "TEXT", 1, "20;260;110;275", "Planvermerk", ka="_unbenannt",
+        tx="Bestand nach Kanalkataster 2012", co="#000000"),
+)
+
 
 PATH_MAP = [
     # Read as an entry like any other line; no link has this path.
@@ -381,6 +395,55 @@ PATH_MAP = [
     (ZONES + "BA1_Schacht_S09.pdf", ARCHIV + "Zonen\\BA1_Schacht_S09.pdf"),
     (PDF + "Lageplan_Haltungen.pdf", ARCHIV + "Lageplan_Haltungen.pdf"),
 ]
+
+
+# The project's node tree as the host describes it (docs/project-format.md):
+# documents per zone with their full paths, and pins set by hand on pages.
+# "Lageplan_Haltungen_alt.pdf" is filed under no node, so its annotation
+# file shows up as unused in the analysis.
+PROJECT_DESCRIPTION = {
+    "Version": 1,
+    "Id": "MS-KS-2024",
+    "Name": "Musterstadt Kanalsanierung",
+    "Zones": ["Bestand", "Bauabschnitt 1", "Bauabschnitt 2", "Variante B"],
+    "Nodes": [
+        {"Id": 1, "Name": "Kanalsanierung Musterstadt", "Zone": 1,
+         "Documents": {"1": [PDF + "Übersichtsplan_Süd.pdf", PDF + "Bauzeitenplan.pdf",
+                             PDF + "Ausschreibung_LV.pdf", PDF + "Sanierungskonzept.pdf"]}},
+        {"Id": 2, "Name": "Bauabschnitt 1", "Parent": 1, "Zone": 2,
+         "Documents": {"1": [PDF + "Lageplan_Haltungen.pdf", PDF + "Bestandsplan_Nord.pdf"]}},
+        {"Id": 3, "Name": "Haltung H0815", "Parent": 2, "Zone": 2,
+         "Documents": {"1": [PDF + "Haltung_H0815.pdf", PDF + "Haltungsbericht_H0815.pdf",
+                             PDF + "TV-Inspektion_2023.pdf"],
+                       "2": [ZONES + "BA1_H0815.pdf"],
+                       "3": [ZONES + "BA2_H0815.pdf"]}},
+        {"Id": 4, "Name": "Schacht S12", "Parent": 2, "Zone": 1,
+         "Documents": {"1": [PDF + "Schacht_S12.pdf", PDF + "Schachtprotokoll_S12.pdf",
+                             PDF + "Schnitt.A-A.pdf"],
+                       "2": [ZONES + "BA1_Schacht_S12.pdf", ZONES + "BA1_Schachtprotokoll_S12.pdf",
+                             ZONES + "BA1_Schnitt_A-A.pdf"],
+                       "3": [ZONES + "BA2_Schacht_S12.pdf"]}},
+        {"Id": 5, "Name": "Schacht S11", "Parent": 2, "Zone": 1,
+         "Documents": {"1": [PDF + "Schacht_S11.pdf"]}},
+        {"Id": 6, "Name": "Bauabschnitt 2", "Parent": 1, "Zone": 3,
+         "Documents": {"1": [PDF + "Fotodokumentation_Bauabschnitt_2.pdf",
+                             PDF + "Hausanschlussplan_Lindenweg.pdf"]}},
+        {"Id": 7, "Name": "Hausanschluss Lindenweg 7", "Parent": 6, "Zone": 1,
+         "Documents": {"1": [PDF + "Hausanschlussplan_Lindenweg.pdf"]}},
+    ],
+    "Pins": {
+        PDF + "Lageplan_Haltungen.pdf": {
+            "1": [{"Id": 501, "X": 142.5, "Y": 88.25, "Label": "Eigentümer Lindenweg 7",
+                   "Participant": 12, "Note": "Zufahrt während der Bauzeit klären"},
+                  {"Id": 502, "X": 61, "Y": 120.75, "Label": "Stadtwerke Musterstadt – Gas",
+                   "Participant": 3}]},
+        PDF + "Hausanschlussplan_Lindenweg.pdf": {
+            "1": [{"Id": 511, "X": 40.5, "Y": 52, "Label": "Eigentümer Lindenweg 3", "Participant": 10},
+                  {"Id": 512, "X": 88, "Y": 52, "Label": "Eigentümer Lindenweg 5", "Participant": 11,
+                   "Note": "Keller unter Straßenniveau"}],
+            "2": [{"Id": 513, "X": 120.25, "Y": 74.5, "Label": "Telekom – Kabeltrasse", "Participant": 4}]},
+    },
+}
 
 
 def ann_text(doc, blocks, style):
@@ -416,6 +479,8 @@ def main():
     for doc, ann, style, blocks in DOCUMENTS:
         assert 3 <= len(blocks) <= 8, ann
         write(os.path.join(data, ann), ann_text(doc, blocks, style))
+    write(os.path.join(root, "Projekt.json"),
+          json.dumps(PROJECT_DESCRIPTION, ensure_ascii=False, indent=2) + "\n")
     write(os.path.join(root, "Pfadumsetzung.csv"),
           "".join("%s,%s\r\n" % pair for pair in PATH_MAP))
     print("wrote %d annotation files to %s" % (len(DOCUMENTS), data))

@@ -101,7 +101,9 @@ QString AnnotationFileProcessor::DataDirectory(const QString& projectRootDir)
 
 QString AnnotationFileProcessor::AnnotationFilePath(const QString& dataDir, const QString& documentFileName)
 {
-    const QFileInfo document(documentFileName);
+    // Hosts on Windows list documents with backslashes; their folders are
+    // ignored here like any other.
+    const QFileInfo document(QString(documentFileName).replace(QLatin1Char('\\'), QLatin1Char('/')));
     const QString primary = dataDir + QLatin1Char('/') + document.baseName() + AnnotationExtension;
     if (QFile::exists(primary))
         return primary;

@@ -65,7 +65,7 @@ public:
     // name (up to its first ".") + ".ann"; when no such file exists, the file
     // name with only its last "." removed + ".ann" (plan.rev.pdf gives
     // plan.ann, else plan.revpdf.ann). Folders in `documentFileName` are
-    // ignored.
+    // ignored, whether written with "/" or "\".
     static QString AnnotationFilePath(const QString& dataDir, const QString& documentFileName);
 
     static const QString AnnotationExtension; // ".ann"

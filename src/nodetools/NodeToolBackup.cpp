@@ -1,11 +1,14 @@
 #include "nodetools/NodeToolBackup.h"
 
+#include "nodetools/AnnotationFileIO.h"
 #include "nodetools/AnnotationFileProcessor.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <QThread>
 
 const QString NodeToolBackup::BackupRootName = QStringLiteral("ann_sic");
 const QString NodeToolBackup::LogFileName = QStringLiteral("nodeToolOperation.log");
@@ -42,5 +45,67 @@ bool NodeToolBackup::Create()
     }
 
     backupFolder = folder;
+    return true;
+}
+
+bool NodeToolBackup::Restore(const QString& stamp, QStringList* restored)
+{
+    errorString.clear();
+    const QString dataDir = AnnotationFileProcessor::DataDirectory(projectRootDir);
+    if (projectRootDir.isEmpty() || !QFileInfo(dataDir).isDir()) {
+        errorString = QStringLiteral("no data folder '%1'").arg(dataDir);
+        return false;
+    }
+    const QString backupRoot = QDir::cleanPath(dataDir) + QLatin1Char('/') + BackupRootName;
+    const QDir backup(backupRoot + QLatin1Char('/') + stamp);
+    if (stamp.isEmpty() || stamp.contains(QLatin1Char('/')) || stamp.startsWith(QLatin1Char('.')) || !backup.exists()) {
+        errorString = QStringLiteral("no backup '%1' in '%2'").arg(stamp, backupRoot);
+        return false;
+    }
+    const QStringList names = backup.entryList(
+        { QLatin1Char('*') + AnnotationFileProcessor::AnnotationExtension }, QDir::Files, QDir::Name);
+
+    // Read everything first: nothing is touched unless the whole backup can
+    // be read.
+    QList<QByteArray> contents;
+    for (const QString& name : names) {
+        QFile file(backup.filePath(name));
+        if (!file.open(QIODevice::ReadOnly)) {
+            errorString = QStringLiteral("%1: %2").arg(file.fileName(), file.errorString());
+            return false;
+        }
+        contents.append(file.readAll());
+    }
+
+    // The safety copy must not land in the folder being restored, which
+    // happens when that one was made within the current second.
+    while (QDateTime::currentDateTime().toString(TimeStampFormat) == stamp)
+        QThread::msleep(50);
+    if (!Create()) {
+        errorString = QStringLiteral("the current state could not be backed up");
+        return false;
+    }
+
+    for (int i = 0; i < names.size(); ++i) {
+        const QString path = dataDir + QLatin1Char('/') + names.at(i);
+        QString error;
+        bool written = false;
+        if (QFileInfo::exists(path)) {
+            written = AnnotationFileIO::ReplaceFile(path, contents.at(i), &error);
+        } else {
+            // Deleted since the backup: created anew, as atomically.
+            QSaveFile file(path);
+            written = file.open(QIODevice::WriteOnly) && file.write(contents.at(i)) == contents.at(i).size()
+                && file.commit();
+            error = file.errorString();
+        }
+        if (!written) {
+            errorString = QStringLiteral("%1: %2 (the state before the restore is in '%3')")
+                              .arg(names.at(i), error, backupFolder);
+            return false;
+        }
+        if (restored)
+            restored->append(names.at(i));
+    }
     return true;
 }

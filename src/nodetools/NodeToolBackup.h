@@ -4,6 +4,7 @@
 #include "kamo_tools_export.h"
 
 #include <QString>
+#include <QStringList>
 
 // Copies the annotation files of a project's data folder into
 // "Daten/ann_sic/<dd.MM.yyyy hh.mm.ss>" and writes `logText` into
@@ -22,6 +23,15 @@ public:
     // The folder of the last successful Create(), empty before.
     QString GetBackupFolder() const { return backupFolder; }
 
+    // Puts the annotation files of the backup folder `stamp` (a folder name
+    // under "ann_sic") back into the data folder, byte for byte, after
+    // backing up the current state with Create() and `logText`, so that the
+    // restore can itself be undone. Files of the data folder that the backup
+    // does not hold are left alone. On failure ErrorString() says why;
+    // `restored` receives the file names put back.
+    bool Restore(const QString& stamp, QStringList* restored = nullptr);
+    QString ErrorString() const { return errorString; }
+
     static const QString BackupRootName; // "ann_sic"
     static const QString LogFileName;    // "nodeToolOperation.log"
     static const QString TimeStampFormat;
@@ -31,6 +41,7 @@ public:
 
 private:
     QString backupFolder;
+    QString errorString;
 };
 
 #endif

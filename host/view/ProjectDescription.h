@@ -1,0 +1,69 @@
+#ifndef KAMO_VIEW_PROJECTDESCRIPTION_H
+#define KAMO_VIEW_PROJECTDESCRIPTION_H
+
+#include "NodeFileInfo.h"
+#include "NodeInfo.h"
+#include "PinObject.h"
+#include "kamo_view_export.h"
+
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+// The description of a project as the host keeps it: its node tree with the
+// documents of each node per zone and the pins set on the documents' pages.
+// Read from the file "Projekt.json" in the project root (see
+// docs/project-format.md). Owns its nodes; the maps are the ones the host
+// lends to the tools.
+class KAMO_VIEW_EXPORT ProjectDescription
+{
+public:
+    static const QString FileName; // "Projekt.json"
+
+    ProjectDescription();
+    ~ProjectDescription();
+
+    ProjectDescription(const ProjectDescription&) = delete;
+    ProjectDescription& operator=(const ProjectDescription&) = delete;
+
+    // Reads `projectRoot`/Projekt.json, replacing what was loaded before.
+    // On failure the description is empty and ErrorString() says why.
+    bool Load(const QString& projectRoot);
+    bool LoadFile(const QString& path);
+    const QString& ErrorString() const { return errorString; }
+
+    const QString& Id() const { return id; }
+    const QString& Name() const { return name; }
+    // Names of the zones 1.., as many as the project uses; may be empty.
+    const QStringList& ZoneNames() const { return zoneNames; }
+
+    QMap<int, NodeInfo*>& Nodes() { return nodes; }
+    const QMap<int, NodeInfo*>& Nodes() const { return nodes; }
+    // Node ids in the order of the file: parents before their children.
+    const QList<int>& NodeOrder() const { return nodeOrder; }
+    // Every document of every node, keyed by its name as the node lists it;
+    // a document filed under several nodes or zones is registered where it
+    // is met first (nodes by ascending id, zones ascending).
+    QMap<QString, NodeFileInfo>& Files() { return files; }
+    // Pins by document name and page.
+    QMap<QString, QMap<int, QList<PinObject>>>& Pins() { return pins; }
+
+    // The nodes named exactly `nodeName`, by ascending id.
+    QList<NodeInfo*> FindNodes(const QString& nodeName) const;
+
+private:
+    void clear();
+    bool fail(const QString& message);
+
+    QString errorString;
+    QString id;
+    QString name;
+    QStringList zoneNames;
+    QMap<int, NodeInfo*> nodes;
+    QList<int> nodeOrder;
+    QMap<QString, NodeFileInfo> files;
+    QMap<QString, QMap<int, QList<PinObject>>> pins;
+};
+
+#endif
