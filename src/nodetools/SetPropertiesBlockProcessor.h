@@ -1,0 +1,49 @@
+#ifndef KAMO_TOOLS_SETPROPERTIESBLOCKPROCESSOR_H
+#define KAMO_TOOLS_SETPROPERTIESBLOCKPROCESSOR_H
+
+#include "kamo_tools_export.h"
+#include "nodetools/AnnotationDimensionOptions.h"
+#include "nodetools/ObjectBlockProcessor.h"
+
+#include <QStringList>
+
+#include <memory>
+
+namespace AnnotationLine {
+class NameFilter;
+}
+
+// Sets name, text and measures of the objects chosen by category and name.
+// A missing name or text line is added before the object's "EO". Measures
+// apply to rectangles only and come from the file's template rectangle,
+// which BeginFile looks up before the first block.
+class KAMO_TOOLS_EXPORT SetPropertiesBlockProcessor : public ObjectBlockProcessor
+{
+public:
+    SetPropertiesBlockProcessor();
+    ~SetPropertiesBlockProcessor() override;
+
+    void BeginFile(const QString& path) override;
+    void ProcessBlock(const QStringList& block, QStringList& result) override;
+
+    QString categoryFilter; // empty: every object
+    QString nameFilter;     // regular expression searched in the name; empty: every object
+    bool setName = false;
+    QString name;
+    bool setText = false;
+    QString text;
+    bool setDimensions = false;
+    AnnotationDimensionOptions dimensions;
+
+private:
+    bool isSelected(const QStringList& block);
+    void applyDimensions(QStringList& lines) const;
+
+    std::unique_ptr<AnnotationLine::NameFilter> compiledNameFilter;
+    QString compiledPattern;
+    // The template's left, top, width and height as written; empty when the
+    // current file has none.
+    QStringList templateGeometry;
+};
+
+#endif

@@ -1,0 +1,389 @@
+#include "TestProject.h"
+
+#include <nodetools/AnnotationFileProcessor.h>
+#include <nodetools/ConvertFreeHandPinsNT.h>
+#include <nodetools/ReplaceNameBlockProcessor.h>
+#include <nodetools/ReplaceNameInAnnotationsNT.h>
+#include <nodetools/SetAnnotationPropertiesNT.h>
+#include <nodetools/SetPropertiesBlockProcessor.h>
+
+#include <NodeInfo.h>
+
+#include <QTest>
+
+namespace {
+
+const QString F(QChar(0x11));
+const QString T(QChar(0x12));
+const QString Z(QChar(0x13));
+const QString S(QChar(0x00A4));
+
+QStringList block(const QStringList& properties)
+{
+    return QStringList { "BO" } + properties + QStringList { "EO" };
+}
+
+QStringList run(ObjectBlockProcessor& processor, const QStringList& properties)
+{
+    QStringList result;
+    processor.ProcessBlock(block(properties), result);
+    return result;
+}
+
+// A standard link record of the given type.
+QString link(const QString& type, const QString& path, const QString& description)
+{
+    const QString value = StandardLink(path, "1", description);
+    return type + value.mid(value.indexOf(F));
+}
+
+// Target (KA=Ziel) first, the template after it; a polygon and a later
+// rectangle of the same name must not serve as template.
+QStringList templateFile(const QString& type, const QString& geometry)
+{
+    return { "ANN=2", "BO", "ID=1", "TY=" + type, "NA=Ziel", "KA=Ziel", "GEO=" + geometry, "EO", "BO", "ID=2",
+        "TY=POLY", "NA=Vorlage", "KA=Alt", "GEO=1;1;1;1", "EO", "BO", "ID=3", "TY=RECT", "NA=Vorlage", "KA=Ziel",
+        "GEO=10;20;30;40", "EO", "BO", "ID=4", "TY=RECT", "NA=Vorlage", "KA=Alt", "GEO=99;99;99;99", "EO" };
+}
+
+QMap<int, NodeInfo*> nodeFixture(QList<NodeInfo*>& owned)
+{
+    auto* schacht = new NodeInfo(3, "Schacht 3");
+    schacht->SetDocuments(1, { "C:\\Projekt\\PDF\\Plan.pdf" });
+    auto* haus = new NodeInfo(7, "Haus 7");
+    haus->SetDocuments(2, { "D:/Archiv/plan.PDF", "Foto.jpg" });
+    auto* unnamed = new NodeInfo(9, "");
+    unnamed->SetDocuments(1, { "Leer.pdf" });
+    owned = { schacht, haus, unnamed };
+    return { { 7, haus }, { 3, schacht }, { 9, unnamed }, { 11, nullptr } };
+}
+
+} // namespace
+
+class PropertyOperationsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nameAndTextOfSelectedObjects_data();
+    void nameAndTextOfSelectedObjects();
+    void measuresFromTemplateRectangle_data();
+    void measuresFromTemplateRectangle();
+    void setPropertiesWritesOnlyChangedFiles();
+    void captionsFollowNodeNames_data();
+    void captionsFollowNodeNames();
+    void captionsInEveryAnnotationFile();
+    void pinsAppendedOnce_data();
+    void pinsAppendedOnce();
+};
+
+void PropertyOperationsTest::nameAndTextOfSelectedObjects_data()
+{
+    // A null name or text means the option is off.
+    QTest::addColumn<QString>("nameFilter");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("properties");
+    QTest::addColumn<QStringList>("expected");
+    const QString off;
+    QTest::newRow("first name line replaced") << ""
+                                              << "Neu" << off << QStringList { "KA=Kanal", "NA=Alt", "NA=Zwei" }
+                                              << QStringList { "KA=Kanal", "NA=Neu", "NA=Zwei" };
+    QTest::newRow("both added before EO")
+        << ""
+        << "Neu"
+        << "Text" << QStringList { "KA=Kanal" } << QStringList { "KA=Kanal", "NA=Neu", "TX=Text" };
+    QTest::newRow("only the text") << "" << off << "Text" << QStringList { "KA=Kanal", "NA=Alt", "TX=alt", "TX=zwei" }
+                                   << QStringList { "KA=Kanal", "NA=Alt", "TX=Text", "TX=zwei" };
+    QTest::newRow("other category") << ""
+                                    << "Neu"
+                                    << "Text" << QStringList { "KA=Baum", "NA=Alt" }
+                                    << QStringList { "KA=Baum", "NA=Alt" };
+    QTest::newRow("filter sees the old name")
+        << "^Alt$"
+        << "Neu" << off << QStringList { "KA=Kanal", "NA=Alt" } << QStringList { "KA=Kanal", "NA=Neu" };
+    QTest::newRow("filter does not match")
+        << "^Alt$"
+        << "Neu" << off << QStringList { "KA=Kanal", "NA=Alter" } << QStringList { "KA=Kanal", "NA=Alter" };
+    QTest::newRow("filter, no name line") << "A"
+                                          << "Neu" << off << QStringList { "KA=Kanal" } << QStringList { "KA=Kanal" };
+    QTest::newRow("invalid filter") << "("
+                                    << "Neu" << off << QStringList { "KA=Kanal", "NA=Alt" }
+                                    << QStringList { "KA=Kanal", "NA=Alt" };
+    QTest::newRow("line breaks cannot close the object")
+        << "" << off << "a\r\nEO\nb" << QStringList { "KA=Kanal" } << QStringList { "KA=Kanal", "TX=a  EO b" };
+}
+
+void PropertyOperationsTest::nameAndTextOfSelectedObjects()
+{
+    QFETCH(QString, nameFilter);
+    QFETCH(QString, name);
+    QFETCH(QString, text);
+    QFETCH(QStringList, properties);
+    QFETCH(QStringList, expected);
+    SetPropertiesBlockProcessor processor;
+    processor.categoryFilter = "Kanal";
+    processor.nameFilter = nameFilter;
+    processor.setName = !name.isNull();
+    processor.name = name;
+    processor.setText = !text.isNull();
+    processor.text = text;
+    QCOMPARE(run(processor, properties), block(expected));
+}
+
+void PropertyOperationsTest::measuresFromTemplateRectangle_data()
+{
+    // Switches: F from the template, L left, W width, H height, T topwards.
+    QTest::addColumn<QString>("switches");
+    QTest::addColumn<QString>("templateName");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("geometry");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("left") << "FL"
+                          << "Vorlage"
+                          << "RECT"
+                          << "1;2;3;4"
+                          << "10;2;3;4";
+    QTest::newRow("width") << "FW"
+                           << "Vorlage"
+                           << "RECT"
+                           << "1;2;3;4"
+                           << "1;2;30;4";
+    QTest::newRow("height downwards") << "FH"
+                                      << "Vorlage"
+                                      << "RECT"
+                                      << "1;2;3;4"
+                                      << "1;2;3;40";
+    QTest::newRow("height topwards keeps the bottom") << "FHT"
+                                                      << "Vorlage"
+                                                      << "RECT"
+                                                      << "1;50;3;4"
+                                                      << "1;14;3;40";
+    QTest::newRow("topwards in exact decimals") << "FHT"
+                                                << "Vorlage"
+                                                << "RECT"
+                                                << "1;50.1;3;4.2"
+                                                << "1;14.3;3;40";
+    QTest::newRow("same height as other text") << "FHT"
+                                               << "Vorlage"
+                                               << "RECT"
+                                               << "1;2.50;3;40.0"
+                                               << "1;2.50;3;40";
+    QTest::newRow("all") << "FLWHT"
+                         << "Vorlage"
+                         << "RECT"
+                         << "0.5;100;3;4"
+                         << "10;64;30;40";
+    QTest::newRow("no source") << "LWHT"
+                               << "Vorlage"
+                               << "RECT"
+                               << "1;2;3;4"
+                               << "1;2;3;4";
+    QTest::newRow("no template") << "FLWHT"
+                                 << "Fehlt"
+                                 << "RECT"
+                                 << "1;2;3;4"
+                                 << "1;2;3;4";
+    QTest::newRow("name matched exactly") << "FLWHT"
+                                          << "vorlage"
+                                          << "RECT"
+                                          << "1;2;3;4"
+                                          << "1;2;3;4";
+    QTest::newRow("not a rectangle") << "FLWHT"
+                                     << "Vorlage"
+                                     << "POLY"
+                                     << "1;2;3;4"
+                                     << "1;2;3;4";
+    QTest::newRow("three numbers") << "FLWHT"
+                                   << "Vorlage"
+                                   << "RECT"
+                                   << "1;2;3"
+                                   << "1;2;3";
+    QTest::newRow("exponent") << "FLWHT"
+                              << "Vorlage"
+                              << "RECT"
+                              << "1e1;2;3;4"
+                              << "1e1;2;3;4";
+    QTest::newRow("decimal comma") << "FLWHT"
+                                   << "Vorlage"
+                                   << "RECT"
+                                   << "1,5;2;3;4"
+                                   << "1,5;2;3;4";
+}
+
+// The whole file goes through, so the template block (selected too) is
+// checked to stay as it was.
+void PropertyOperationsTest::measuresFromTemplateRectangle()
+{
+    QFETCH(QString, switches);
+    QFETCH(QString, templateName);
+    QFETCH(QString, type);
+    QFETCH(QString, geometry);
+    QFETCH(QString, expected);
+    TestProject project;
+    project.Write("a.ann", HostText(templateFile(type, geometry)));
+
+    SetPropertiesBlockProcessor processor;
+    processor.categoryFilter = "Ziel";
+    processor.setDimensions = true;
+    processor.dimensions.fromOtherAnnotation = switches.contains('F');
+    processor.dimensions.templateName = templateName;
+    processor.dimensions.setLeftOffset = switches.contains('L');
+    processor.dimensions.setWidth = switches.contains('W');
+    processor.dimensions.setHeight = switches.contains('H');
+    processor.dimensions.heightTopwards = switches.contains('T');
+    processor.BeginFile(project.DataPath("a.ann"));
+    QString text = QString::fromUtf8(project.Read("a.ann"));
+    AnnotationFileProcessor::ProcessText(text, processor);
+    QCOMPARE(text, QString::fromUtf8(HostText(templateFile(type, expected))));
+}
+
+void PropertyOperationsTest::setPropertiesWritesOnlyChangedFiles()
+{
+    TestProject project;
+    const QByteArray untouched = HostText({ "BO", "TY=RECT", "NA=Schild", "GEO=1;2;3;4", "EO" });
+    project.Write("a.ann",
+        HostText({ "ANN=2", "BO", "TY=RECT", "NA=Schacht 1", "GEO=5;100;6;8", "EO", "BO", "TY=RECT", "NA=Muster",
+            "GEO=0;0;12.5;20", "EO" }));
+    project.Write("b.ann", untouched);
+
+    SetAnnotationPropertiesNT tool;
+    tool.SetProjectRootDir(project.Root());
+    tool.SetFileNames({ "a.pdf", "b.pdf", "c.pdf" });
+    tool.SetNameFilter("^Schacht");
+    tool.SetTextOption(true, "geprüft");
+    AnnotationDimensionOptions options;
+    options.templateName = "Muster";
+    options.setLeftOffset = false;
+    tool.SetDimensionOption(true, options);
+    tool.Execute();
+
+    QCOMPARE(project.Read("a.ann"),
+        HostText({ "ANN=2", "BO", "TY=RECT", "NA=Schacht 1", "GEO=5;88;12.5;20", "TX=geprüft", "EO", "BO", "TY=RECT",
+            "NA=Muster", "GEO=0;0;12.5;20", "EO" }));
+    QCOMPARE(project.Read("b.ann"), untouched);
+    QCOMPARE(tool.GetFilesExamined(), 2);
+    QCOMPARE(tool.FileProcessor().GetChangedFiles(), QStringList { project.DataPath("a.ann") });
+}
+
+void PropertyOperationsTest::captionsFollowNodeNames_data()
+{
+    QTest::addColumn<bool>("ignorePath");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("node link") << false << link("2", "7", "alt") << link("2", "7", "Haus 7");
+    QTest::newRow("node link, unknown id") << false << link("2", "12", "alt") << link("2", "12", "alt");
+    QTest::newRow("node link, not decimal") << false << link("2", "+7", "alt") << link("2", "+7", "alt");
+    QTest::newRow("node link, null node") << false << link("2", "11", "alt") << link("2", "11", "alt");
+    QTest::newRow("unnamed node keeps the caption") << false << link("2", "9", "alt") << link("2", "9", "alt");
+    QTest::newRow("whole path, case and slashes ignored")
+        << false << link("0", "c:/projekt/pdf/PLAN.PDF", "alt") << link("0", "c:/projekt/pdf/PLAN.PDF", "Schacht 3");
+    QTest::newRow("whole path, other folder")
+        << false << link("0", "E:\\Plan.pdf", "alt") << link("0", "E:\\Plan.pdf", "alt");
+    QTest::newRow("file name only, lowest id wins")
+        << true << link("0", "E:\\Plan.pdf", "alt") << link("0", "E:\\Plan.pdf", "Schacht 3");
+    QTest::newRow("file name only, another zone's list")
+        << true << link("", "foto.JPG", "alt") << link("", "foto.JPG", "Haus 7");
+    QTest::newRow("web link") << true << link("1", "Foto.jpg", "alt") << link("1", "Foto.jpg", "alt");
+    const auto twoTargets = [](const QString& caption) {
+        return S + "0" + F + "x.pdf" + F + "1" + F + "a" + T + "0" + F + "y.pdf" + Z + "Foto.jpg" + F + "1" + Z + "2"
+            + F + caption;
+    };
+    QTest::newRow("split link, second zone, second target") << false << twoTargets("b") << twoTargets("Haus 7");
+    // Written back, the short page list would grow by one entry.
+    const QString shortPages = S + "2" + F + "7" + Z + "3" + F + F + "Haus 7";
+    QTest::newRow("caption already right: kept as read") << false << shortPages << shortPages;
+}
+
+void PropertyOperationsTest::captionsFollowNodeNames()
+{
+    QFETCH(bool, ignorePath);
+    QFETCH(QString, value);
+    QFETCH(QString, expected);
+    QList<NodeInfo*> owned;
+    QMap<int, NodeInfo*> nodes = nodeFixture(owned);
+    ReplaceNameBlockProcessor processor;
+    processor.nodes = &nodes;
+    processor.ignorePathOnCompare = ignorePath;
+    QCOMPARE(run(processor, { "NA=x", "HREF=" + value, "TX=" + value }),
+        block({ "NA=x", "HREF=" + expected, "TX=" + value }));
+    processor.nodes = nullptr;
+    QCOMPARE(run(processor, { "HREF=" + value }), block({ "HREF=" + value }));
+    qDeleteAll(owned);
+}
+
+void PropertyOperationsTest::captionsInEveryAnnotationFile()
+{
+    TestProject project;
+    const QByteArray current = HostText({ "BO", "HREF=" + link("2", "3", "Schacht 3"), "EO" });
+    project.Write("a.ann", HostText({ "ANN=2", "BO", "HREF=" + link("0", "D:\\Archiv\\Plan.pdf", "alt"), "EO" }));
+    project.Write("b.ann", current);
+    QList<NodeInfo*> owned;
+    QMap<int, NodeInfo*> nodes = nodeFixture(owned);
+
+    ReplaceNameInAnnotationsNT tool;
+    tool.SetProjectRootDir(project.Root());
+    tool.SetNodesMap(&nodes);
+    tool.SetIgnorePathOnCompare(true);
+    tool.Execute();
+
+    QCOMPARE(project.Read("a.ann"),
+        HostText({ "ANN=2", "BO", "HREF=" + link("0", "D:\\Archiv\\Plan.pdf", "Schacht 3"), "EO" }));
+    QCOMPARE(project.Read("b.ann"), current);
+    QCOMPARE(tool.GetFilesExamined(), 2);
+    QCOMPARE(tool.GetFilesChanged(), 1);
+    qDeleteAll(owned);
+}
+
+void PropertyOperationsTest::pinsAppendedOnce_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QStringList>("before");
+    QTest::addColumn<QStringList>("appended");
+    const QStringList pin500 { "TY=PIN", "PG=1", "GEO=0.1;297.25", "NA=Stadtwerke", "KA=Betroffenheit", "PIN=500",
+        "EO" };
+    const QStringList pin501 { "TY=PIN", "PG=2", "GEO=12;30.5", "NA=Müller", "KA=Betroffenheit", "TX=Flur 3", "PIN=501",
+        "BT=7", "EO" };
+    const QStringList numbered { "ANN=2", "BO", "ID=3", "EO", "BO", "ID=12", "EO", "BO", "ID=x", "EO" };
+    QTest::newRow("after the highest numeric id")
+        << "Plan.pdf" << numbered << QStringList { "BO", "ID=13" } + pin500 + QStringList { "BO", "ID=14" } + pin501;
+    QTest::newRow("same file name, any case and folder")
+        << "C:\\Archiv\\PLAN.PDF" << numbered
+        << QStringList { "BO", "ID=13" } + pin500 + QStringList { "BO", "ID=14" } + pin501;
+    QTest::newRow("pin already there") << "Plan.pdf" << QStringList { "BO", "ID=4", "PIN=500", "EO" }
+                                       << QStringList { "BO", "ID=5" } + pin501;
+    QTest::newRow("no ids yet") << "Plan.pdf" << QStringList { "ANN=2" }
+                                << QStringList { "BO", "ID=1" } + pin500 + QStringList { "BO", "ID=2" } + pin501;
+    QTest::newRow("another document's pins") << "Plan2.pdf" << numbered << QStringList {};
+}
+
+// Each row runs twice: the second run must find nothing to do.
+void PropertyOperationsTest::pinsAppendedOnce()
+{
+    QFETCH(QString, key);
+    QFETCH(QStringList, before);
+    QFETCH(QStringList, appended);
+    TestProject project;
+    project.Write("Plan.ann", HostText(before));
+    const QByteArray other = HostText({ "BO", "ID=1", "EO" });
+    project.Write("Andere.ann", other);
+    QMap<QString, QMap<int, QList<PinObject>>> pins;
+    pins[key][2] = { PinObject(501, 12.0, 30.5, "Müller", 7, "Flur 3") };
+    pins[key][1] = { PinObject(500, 0.1, 297.25, "Stadtwerke") };
+    pins["Andere.pdf"] = {};
+
+    for (int round = 0; round < 2; ++round) {
+        ConvertFreeHandPinsNT tool;
+        tool.SetProjectRootDir(project.Root());
+        tool.SetFileNames({ "Ohne.pdf", "Plan.pdf", "Andere.pdf" });
+        tool.SetFilesPinMap(&pins);
+        tool.Execute();
+        QCOMPARE(project.Read("Plan.ann"), HostText(before + appended));
+        QCOMPARE(project.Read("Andere.ann"), other);
+        QCOMPARE(tool.GetFilesExamined(), 2);
+        QCOMPARE(tool.GetFilesChanged(), round == 0 && !appended.isEmpty() ? 1 : 0);
+    }
+}
+
+QTEST_GUILESS_MAIN(PropertyOperationsTest)
+#include "PropertyOperationsTest.moc"
