@@ -1,0 +1,35 @@
+#ifndef KAMO_TOOLS_CHANGEPAGENUMBERBLOCKPROCESSOR_H
+#define KAMO_TOOLS_CHANGEPAGENUMBERBLOCKPROCESSOR_H
+
+#include "kamo_tools_export.h"
+#include "nodetools/ObjectBlockProcessor.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace AnnotationLine {
+class NameFilter;
+}
+
+// Shifts the target pages of the document links of the chosen objects, in
+// every linked zone, never below page 1. Pages that are not a plain
+// positive number are left as written.
+class KAMO_TOOLS_EXPORT ChangePageNumberBlockProcessor : public ObjectBlockProcessor
+{
+public:
+    ChangePageNumberBlockProcessor();
+    ~ChangePageNumberBlockProcessor() override;
+
+    void ProcessBlock(const QStringList& block, QStringList& result) override;
+
+    QString categoryFilter; // empty: every object
+    QString nameFilter;     // regular expression searched in the name; empty: every object
+    int pageDelta = 0;
+
+private:
+    std::unique_ptr<AnnotationLine::NameFilter> compiledNameFilter;
+    QString compiledPattern;
+};
+
+#endif

@@ -1,0 +1,27 @@
+#ifndef KAMO_TOOLS_CHANGEPAGENUMBERNT_H
+#define KAMO_TOOLS_CHANGEPAGENUMBERNT_H
+
+#include "kamo_tools_export.h"
+#include "nodetools/BlockNodeTool.h"
+
+#include <QString>
+
+// "Verknüpfungen: Seitenzahl anpassen": shifts the target pages of the
+// document links of the chosen objects, for example after pages were
+// inserted into or taken out of the target documents.
+class KAMO_TOOLS_EXPORT ChangePageNumberNT : public BlockNodeTool
+{
+public:
+    ChangePageNumberNT();
+
+    void SetCategoryFilter(const QString& filter);
+    void SetNameFilter(const QString& regex);
+    void SetPageDelta(int delta);
+
+private:
+    QString categoryFilter;
+    QString nameFilter;
+    int pageDelta = 0;
+};
+
+#endif

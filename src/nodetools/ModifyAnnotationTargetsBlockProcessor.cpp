@@ -1,0 +1,52 @@
+#include "nodetools/ModifyAnnotationTargetsBlockProcessor.h"
+
+#include "nodetools/AnnotationLine.h"
+
+#include <AnnHelperBase.h>
+#include <TargetInfo.h>
+
+#include <cmath>
+
+ModifyAnnotationTargetsBlockProcessor::ModifyAnnotationTargetsBlockProcessor() = default;
+
+ModifyAnnotationTargetsBlockProcessor::~ModifyAnnotationTargetsBlockProcessor() = default;
+
+void ModifyAnnotationTargetsBlockProcessor::ProcessBlock(const QStringList& block, QStringList& result)
+{
+    // Compiled once per pattern rather than once per block.
+    if (!compiledNameFilter || compiledPattern != nameFilter) {
+        compiledNameFilter = std::make_unique<AnnotationLine::NameFilter>(nameFilter);
+        compiledPattern = nameFilter;
+    }
+    if (!useEnvFactor || !std::isfinite(envFactor) || !AnnotationLine::IsInCategory(block, categoryFilter)
+        || !compiledNameFilter->Matches(block)) {
+        result.append(block);
+        return;
+    }
+    const QString factor = QString::number(double(envFactor), 'f', 1);
+    QList<TargetInfo> targets;
+    for (const QString& line : block) {
+        if (!AnnotationLine::HasKey(line, AnnotationLine::HrefKey)) {
+            result.append(line);
+            continue;
+        }
+        QString value = AnnotationLine::Value(line);
+        AnnHelperBase::ParseLink(targets, value);
+        bool changed = false;
+        for (int i = 0; i < targets.size(); ++i) {
+            if (useTargetIndexFilter && unsigned(i) != targetIndex)
+                continue;
+            if (targets.at(i).GetField(TargetInfo::EnvFactorField) != factor) {
+                targets[i].SetField(TargetInfo::EnvFactorField, factor);
+                changed = true;
+            }
+        }
+        if (!changed) {
+            result.append(line);
+            continue;
+        }
+        QString newLine;
+        AnnHelperBase::SaveLink(targets, newLine, false);
+        result.append(newLine);
+    }
+}
