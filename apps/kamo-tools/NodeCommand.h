@@ -4,9 +4,12 @@
 #include <QString>
 #include <QStringList>
 
+class QCommandLineParser;
 class QTextStream;
 
-// "kamo-tools node ...": runs one node tool over a project's annotation files.
+// "kamo-tools node ..." and "kamo-tools analyze ...": runs one node tool
+// over a project's annotation files, restores a backup, or analyses which
+// annotation files are in use.
 class NodeCommand
 {
 public:
@@ -16,11 +19,15 @@ public:
 
     // `arguments` start with "node".
     int Run(const QStringList& arguments);
+    // `arguments` start with "analyze".
+    int RunAnalyze(const QStringList& arguments);
 
     static QString HelpText();
+    static QString AnalyzeHelpText();
 
 private:
-    int usageError(const QString& message);
+    int usageError(const QString& message, const QString& command = QStringLiteral("node"));
+    int runRestore(const QCommandLineParser& parser, const QString& root);
 
     QTextStream& out;
     QTextStream& err;

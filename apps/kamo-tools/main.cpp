@@ -11,8 +11,9 @@ namespace {
 const char generalHelp[] = "Usage: kamo-tools COMMAND [options]\n"
                            "\n"
                            "Commands:\n"
-                           "  node OPERATION    batch operations over a project's annotation files\n"
-                           "                    (remove-href, duplicate-href, map-href-paths)\n"
+                           "  node OPERATION    batch operations over a project's annotation files,\n"
+                           "                    and the restore of a backup of them\n"
+                           "  analyze           which annotation files of a project are used\n"
                            "\n"
                            "'kamo-tools COMMAND --help' describes a command.\n";
 
@@ -47,6 +48,8 @@ int main(int argc, char* argv[])
     }
     if (command == QLatin1String("node"))
         return NodeCommand(out, err).Run(arguments);
+    if (command == QLatin1String("analyze"))
+        return NodeCommand(out, err).RunAnalyze(arguments);
 
     err << "kamo-tools: unknown command '" << command << "'\n\n" << generalHelp;
     return NodeCommand::UsageError;

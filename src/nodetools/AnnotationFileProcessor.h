@@ -25,6 +25,7 @@ public:
 
     void SetProjectRootDir(const QString& dir) { projectRootDir = dir; }
     void SetFileNames(const QStringList& names) { fileNames = names; }
+    const QStringList& GetFileNames() const { return fileNames; }
 
     // Instead of the documents' files, take every annotation file directly in
     // the data folder (not its subfolders), in name order.

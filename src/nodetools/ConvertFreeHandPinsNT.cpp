@@ -1,5 +1,6 @@
 #include "nodetools/ConvertFreeHandPinsNT.h"
 
+#include "nodetools/AnnotationFileProcessor.h"
 #include "nodetools/ConvertFreeHandPinsBlockProcessor.h"
 
 namespace {
@@ -19,8 +20,8 @@ void ConvertFreeHandPinsNT::SetFilesPinMap(QMap<QString, QMap<int, QList<PinObje
     processorOf(BlockProcessor()).filesPinMap = pins;
 }
 
-void ConvertFreeHandPinsNT::SetFileNames(const QStringList& names)
+void ConvertFreeHandPinsNT::Execute()
 {
-    BlockNodeTool::SetFileNames(names);
-    processorOf(BlockProcessor()).fileNames = names;
+    processorOf(BlockProcessor()).fileNames = FileProcessor().GetFileNames();
+    BlockNodeTool::Execute();
 }

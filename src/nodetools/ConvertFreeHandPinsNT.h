@@ -21,9 +21,9 @@ public:
 
     // Document file name -> page -> pins; not owned, may be null.
     void SetFilesPinMap(QMap<QString, QMap<int, QList<PinObject>>>* pins);
-    // As BlockNodeTool::SetFileNames; the processor needs the list too, to
-    // know which document a file belongs to.
-    void SetFileNames(const QStringList& names);
+    // Hands the processor the document list too: it needs to know which
+    // document a file belongs to.
+    void Execute() override;
 
 private:
     QMap<QString, QMap<int, QList<PinObject>>>* filesPinMap = nullptr;

@@ -1,6 +1,8 @@
 #include "../../nodetools/TestProject.h"
 
+#include <QDirIterator>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -36,6 +38,34 @@ const QString splitLink = "HREF=" + QString(QChar(0x00A4)) + StandardLink("C:\\A
 const QStringList kanal { "BO", "NA=Haltung – Süd", "KA=Kanal", link("C:\\Alt\\Plan.PDF"), splitLink, "EO" };
 const QStringList baum { "BO", "KA=Baum", link("C:\\Alt\\Foto.jpg"), "EO" };
 
+// A copy of the bundled sample project in `dir`; answers its root.
+QString copySample(const QTemporaryDir& dir)
+{
+    const QString source = KAMO_SAMPLE_PROJECT;
+    const QString root = dir.filePath("Projekt");
+    QDirIterator it(source, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString from = it.next();
+        const QString to = root + from.mid(source.size());
+        QDir().mkpath(QFileInfo(to).path());
+        QFile::copy(from, to);
+    }
+    return root;
+}
+
+// Every annotation file directly in the data folder, by name.
+QMap<QString, QByteArray> annotationFiles(const QString& root)
+{
+    QMap<QString, QByteArray> files;
+    const QDir data(root + "/Daten");
+    for (const QString& name : data.entryList({ "*.ann" }, QDir::Files)) {
+        QFile file(data.filePath(name));
+        if (file.open(QIODevice::ReadOnly))
+            files.insert(name, file.readAll());
+    }
+    return files;
+}
+
 } // namespace
 
 class KamoToolsCliTest : public QObject
@@ -50,6 +80,10 @@ private Q_SLOTS:
     void backupIsTakenAndLogged();
     void failedBackupStopsBeforeAnyChange();
     void filesLeftUnchangedAreReportedAsWarnings();
+    void dryRunWritesNothingAndCountsLikeTheRun_data();
+    void dryRunWritesNothingAndCountsLikeTheRun();
+    void restoreGivesTheOriginalBytesBack();
+    void analysisFindsAndMovesUnusedFiles();
 };
 
 void KamoToolsCliTest::badUsageExitsWithTwo_data()
@@ -72,6 +106,24 @@ void KamoToolsCliTest::badUsageExitsWithTwo_data()
                                      << "does not exist";
     QTest::newRow("project without data folder") << "node remove-href --project @/Daten --all"
                                                  << "no data folder";
+    QTest::newRow("option of another operation") << "node remove-href --project @ --zone 2 --all"
+                                                 << "--zone does not apply to remove-href";
+    QTest::newRow("pages without delta") << "node change-pages --project @ --all"
+                                         << "needs --page-delta";
+    QTest::newRow("delta out of range") << "node change-pages --project @ --page-delta 100 --all"
+                                        << "-99 to 99";
+    QTest::newRow("factor with two decimals") << "node modify-targets --project @ --env-factor 1.25 --all"
+                                              << "at most one decimal";
+    QTest::newRow("invalid name filter") << "node change-pages --project @ --page-delta 1 --name-filter ( --all"
+                                         << "--name-filter:";
+    QTest::newRow("names on every file") << "node match-names --project @ a.pdf"
+                                         << "give no documents";
+    QTest::newRow("nodes without description") << "node remove-href --project @ --nodes Haltung"
+                                               << "Projekt.json: no such file";
+    QTest::newRow("restore without stamp") << "node restore --project @"
+                                           << "restore needs --backup STAMP";
+    QTest::newRow("restore of no backup") << "node restore --project @ --backup 01.01.2020"
+                                          << "";
 }
 
 void KamoToolsCliTest::badUsageExitsWithTwo()
@@ -81,7 +133,8 @@ void KamoToolsCliTest::badUsageExitsWithTwo()
     TestProject project;
     project.Write("a.ann", HostText(baum));
     const Result result = runTool(arguments.replace('@', project.Root()).split(' ', Qt::SkipEmptyParts));
-    QCOMPARE(result.exitCode, 2);
+    // A backup that is not there is no usage error but a failed restore.
+    QCOMPARE(result.exitCode, message.isEmpty() ? 1 : 2);
     QVERIFY2(result.err.contains(message), qPrintable(result.err));
     QVERIFY(result.out.isEmpty());
     QCOMPARE(project.Read("a.ann"), HostText(baum));
@@ -165,6 +218,103 @@ void KamoToolsCliTest::filesLeftUnchangedAreReportedAsWarnings()
     QCOMPARE(result.out, "Files examined: 2\nFiles changed: 1\n");
     QCOMPARE(result.err, "warning: " + project.DataPath("alt.ann") + ": not valid UTF-8, left unchanged\n");
     QCOMPARE(project.Read("alt.ann"), latin1);
+}
+
+void KamoToolsCliTest::dryRunWritesNothingAndCountsLikeTheRun_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("remove-href") << QStringList { "remove-href", "--category", "Schacht", "--all" };
+    QTest::newRow("href-to-split") << QStringList { "href-to-split", "--nodes", "Bauabschnitt 1,Schacht S12" };
+    QTest::newRow("convert-pins") << QStringList { "convert-pins", "--all" };
+    QTest::newRow("change-pages") << QStringList { "change-pages", "--page-delta", "-2", "--name-filter", "^Schacht",
+        "--all" };
+    QTest::newRow("match-names") << QStringList { "match-names", "--ignore-path" };
+}
+
+// On a copy of the sample project: the dry run leaves every byte, then the
+// real run changes exactly the files the dry run listed.
+void KamoToolsCliTest::dryRunWritesNothingAndCountsLikeTheRun()
+{
+    QFETCH(QStringList, options);
+    QTemporaryDir dir;
+    const QString root = copySample(dir);
+    const QMap<QString, QByteArray> before = annotationFiles(root);
+    QVERIFY(before.size() > 10);
+
+    const Result dry = runTool(QStringList { "node" } + options + QStringList { "--project", root, "--dry-run" });
+    QCOMPARE(dry.exitCode, 0);
+    QCOMPARE(annotationFiles(root), before);
+    QVERIFY(!QDir(root + "/Daten/ann_sic").exists());
+
+    const Result real = runTool(QStringList { "node" } + options + QStringList { "--project", root, "-v" });
+    QCOMPARE(real.exitCode, 0);
+    QStringList wouldChange;
+    for (const QString& line : dry.out.split('\n')) {
+        if (line.startsWith("would change: "))
+            wouldChange.append(line.mid(14, line.lastIndexOf(" (") - 14));
+    }
+    QStringList changed;
+    for (const QString& line : real.out.split('\n')) {
+        if (line.startsWith("changed: "))
+            changed.append(line.mid(9));
+    }
+    QVERIFY2(!changed.isEmpty(), qPrintable(real.out));
+    QCOMPARE(wouldChange, changed);
+    QVERIFY2(dry.out.endsWith(QString("Files that would change: %1\n").arg(changed.size())), qPrintable(dry.out));
+    const QMap<QString, QByteArray> after = annotationFiles(root);
+    for (auto it = before.constBegin(); it != before.constEnd(); ++it) {
+        const bool listed = changed.contains(root + "/Daten/" + it.key());
+        QVERIFY2((after.value(it.key()) != it.value()) == listed, qPrintable(it.key()));
+    }
+}
+
+void KamoToolsCliTest::restoreGivesTheOriginalBytesBack()
+{
+    QTemporaryDir dir;
+    const QString root = copySample(dir);
+    const QMap<QString, QByteArray> original = annotationFiles(root);
+
+    const Result run = runTool({ "node", "remove-href", "--backup", "--project", root, "--all" });
+    QCOMPARE(run.exitCode, 0);
+    const QMap<QString, QByteArray> changed = annotationFiles(root);
+    QVERIFY(changed != original);
+    const QString stamp = QFileInfo(run.out.section('\n', 0, 0).mid(8)).fileName();
+
+    const Result restore = runTool({ "node", "restore", "--project", root, "--backup", stamp });
+    QCOMPARE(restore.exitCode, 0);
+    QVERIFY2(restore.out.contains(QString("Files restored: %1\n").arg(original.size())), qPrintable(restore.out));
+    QCOMPARE(annotationFiles(root), original);
+
+    // The state before the restore was kept, so the restore can be undone.
+    const QString before = restore.out.section('\n', 0, 0).section(": ", 1);
+    QVERIFY(QFileInfo(before).fileName() != stamp);
+    QDir kept(before);
+    for (auto it = changed.constBegin(); it != changed.constEnd(); ++it) {
+        QFile file(kept.filePath(it.key()));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), it.value());
+    }
+}
+
+void KamoToolsCliTest::analysisFindsAndMovesUnusedFiles()
+{
+    QTemporaryDir dir;
+    const QString root = copySample(dir);
+    const Result analysis = runTool({ "analyze", "--project", root });
+    QCOMPARE(analysis.exitCode, 0);
+    QVERIFY2(
+        analysis.out.contains("Unused annotation files: 1\n  Lageplan_Haltungen_alt.ann\n"), qPrintable(analysis.out));
+    QVERIFY(analysis.out.contains("Schnitt.A-A.pdf -> Schnitt.A-Apdf.ann\n"));
+
+    const Result intoData = runTool({ "analyze", "--project", root, "--move-unused", root + "/Daten" });
+    QCOMPARE(intoData.exitCode, 2);
+
+    const QString target = root + "/Daten/ann_obsolet";
+    const Result move = runTool({ "node", "analyze", "--project", root, "--move-unused", target });
+    QCOMPARE(move.exitCode, 0);
+    QVERIFY2(move.out.endsWith("Moved to " + target + ": 1\n"), qPrintable(move.out));
+    QVERIFY(QFile::exists(target + "/Lageplan_Haltungen_alt.ann"));
+    QVERIFY(runTool({ "analyze", "--project", root }).out.contains("Unused annotation files: 0\n"));
 }
 
 QTEST_GUILESS_MAIN(KamoToolsCliTest)
