@@ -42,11 +42,31 @@ step() {
     summary
 }
 
+echo
+echo "=== kamo-tools analyze (which annotation files the project's nodes use)"
+"$tool" analyze --project "$project" | sed "s|$work/||g" | grep -A1 -E '^(Used|Unused|Documents without)'
+
+echo
+echo "=== kamo-tools node change-pages --dry-run (nothing is written)"
+"$tool" node change-pages --project "$project" --page-delta 1 --name-filter '^Haltung' --all --dry-run |
+    sed "s|$work/||g"
+
 step node remove-href --project "$project" --backup --category Schacht --all
+stamp=$(basename "$(ls -d "$project"/Daten/ann_sic/*)")
 step node duplicate-href --project "$project" --new-target 'C:\Projekte\Musterstadt\PDF\Nachtrag.pdf' \
     Lageplan_Haltungen.pdf Schachtprotokoll_S12.pdf Schnitt.A-A.pdf
 step node map-href-paths --project "$project" --map "$project/Pfadumsetzung.csv" --all
+step node href-to-split --project "$project" --nodes "Haltung H0815,Bauabschnitt 1"
+step node match-names --project "$project"
+step node convert-pins --project "$project" --all
 
 echo
-echo "Backup and log: $(ls -d "$project"/Daten/ann_sic/*)"
+echo "=== kamo-tools node restore --backup '$stamp' (undoes all of the above)"
+"$tool" node restore --project "$project" --backup "$stamp" | sed "s|$work/||g"
+if diff -r -x ann_sic sample/Musterstadt-Kanalsanierung/Daten "$project/Daten" >/dev/null; then
+    echo "  the annotation files are byte for byte those of the sample again"
+fi
+
+echo
+echo "Backups and logs: $(ls -d "$project"/Daten/ann_sic/* | tr '\n' ' ')"
 echo "The changed copy stays in $project; the sample itself is untouched."
