@@ -1,5 +1,8 @@
 #include "nodetools/AnnotationLine.h"
 
+#include <AnnHelperBase.h>
+#include <TargetInfo.h>
+
 namespace AnnotationLine {
 
 const QString HrefKey = QStringLiteral("HREF");
@@ -49,6 +52,27 @@ QString BlockValue(const QStringList& block, const QString& key, bool* found)
     if (found)
         *found = false;
     return QString();
+}
+
+void RewriteLinks(
+    const QStringList& block, QStringList& result, const std::function<bool(QList<TargetInfo>& targets)>& change)
+{
+    QList<TargetInfo> targets;
+    for (const QString& line : block) {
+        if (!HasKey(line, HrefKey)) {
+            result.append(line);
+            continue;
+        }
+        QString value = Value(line);
+        AnnHelperBase::ParseLink(targets, value);
+        if (!change(targets)) {
+            result.append(line);
+            continue;
+        }
+        QString newLine;
+        AnnHelperBase::SaveLink(targets, newLine, false);
+        result.append(newLine);
+    }
 }
 
 NameFilter::NameFilter(const QString& pattern)

@@ -1,9 +1,14 @@
 #ifndef KAMO_TOOLS_ANNOTATIONLINE_H
 #define KAMO_TOOLS_ANNOTATIONLINE_H
 
+#include <QList>
 #include <QRegularExpression>
 #include <QString>
 #include <QStringList>
+
+#include <functional>
+
+class TargetInfo;
 
 // Property lines of object blocks: KEY=VALUE, the key being the text before
 // the first "=" and the value everything after it.
@@ -31,6 +36,12 @@ bool IsInCategory(const QStringList& block, const QString& filter);
 // The value of the block's first line with `key`; `found` tells whether
 // there was one.
 QString BlockValue(const QStringList& block, const QString& key, bool* found = nullptr);
+
+// Appends the block's lines to `result`. Each HREF line is parsed and given
+// to `change`; only when it answers true (it changed the targets) is the
+// line written anew, every other line keeps its bytes.
+void RewriteLinks(
+    const QStringList& block, QStringList& result, const std::function<bool(QList<TargetInfo>& targets)>& change);
 
 // Selects objects by name: the regular expression is searched in the value
 // of the block's first "NA" line, case-sensitively. An empty expression

@@ -22,24 +22,13 @@ void ChangeHREFTypeBlockProcessor::ProcessBlock(const QStringList& block, QStrin
         result.append(block);
         return;
     }
-    QList<TargetInfo> targets;
-    for (const QString& line : block) {
-        if (!AnnotationLine::HasKey(line, AnnotationLine::HrefKey)) {
-            result.append(line);
-            continue;
-        }
-        QString value = AnnotationLine::Value(line);
-        AnnHelperBase::ParseLink(targets, value);
-        if (targets.size() != 1 || targets.first().IsSplit()) {
-            result.append(line);
-            continue;
-        }
+    AnnotationLine::RewriteLinks(block, result, [this](QList<TargetInfo>& targets) {
+        if (targets.size() != 1 || targets.first().IsSplit())
+            return false;
         spreadOverZones(targets.first());
         targets.first().SetSplit(true);
-        QString newLine;
-        AnnHelperBase::SaveLink(targets, newLine, false);
-        result.append(newLine);
-    }
+        return true;
+    });
 }
 
 bool ChangeHREFTypeBlockProcessor::spreadOverZones(TargetInfo& target)

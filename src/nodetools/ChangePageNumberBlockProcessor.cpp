@@ -49,14 +49,7 @@ void ChangePageNumberBlockProcessor::ProcessBlock(const QStringList& block, QStr
         result.append(block);
         return;
     }
-    QList<TargetInfo> targets;
-    for (const QString& line : block) {
-        if (!AnnotationLine::HasKey(line, AnnotationLine::HrefKey)) {
-            result.append(line);
-            continue;
-        }
-        QString value = AnnotationLine::Value(line);
-        AnnHelperBase::ParseLink(targets, value);
+    AnnotationLine::RewriteLinks(block, result, [this](QList<TargetInfo>& targets) {
         bool changed = false;
         for (TargetInfo& target : targets) {
             if (!isDocumentLink(target))
@@ -73,12 +66,6 @@ void ChangePageNumberBlockProcessor::ProcessBlock(const QStringList& block, QStr
                 }
             }
         }
-        if (!changed) {
-            result.append(line);
-            continue;
-        }
-        QString newLine;
-        AnnHelperBase::SaveLink(targets, newLine, false);
-        result.append(newLine);
-    }
+        return changed;
+    });
 }

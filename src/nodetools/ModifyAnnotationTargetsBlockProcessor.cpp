@@ -24,14 +24,7 @@ void ModifyAnnotationTargetsBlockProcessor::ProcessBlock(const QStringList& bloc
         return;
     }
     const QString factor = QString::number(double(envFactor), 'f', 1);
-    QList<TargetInfo> targets;
-    for (const QString& line : block) {
-        if (!AnnotationLine::HasKey(line, AnnotationLine::HrefKey)) {
-            result.append(line);
-            continue;
-        }
-        QString value = AnnotationLine::Value(line);
-        AnnHelperBase::ParseLink(targets, value);
+    AnnotationLine::RewriteLinks(block, result, [this, &factor](QList<TargetInfo>& targets) {
         bool changed = false;
         for (int i = 0; i < targets.size(); ++i) {
             if (useTargetIndexFilter && unsigned(i) != targetIndex)
@@ -41,12 +34,6 @@ void ModifyAnnotationTargetsBlockProcessor::ProcessBlock(const QStringList& bloc
                 changed = true;
             }
         }
-        if (!changed) {
-            result.append(line);
-            continue;
-        }
-        QString newLine;
-        AnnHelperBase::SaveLink(targets, newLine, false);
-        result.append(newLine);
-    }
+        return changed;
+    });
 }

@@ -88,14 +88,7 @@ void ReplaceNameBlockProcessor::ProcessBlock(const QStringList& block, QStringLi
     const QString nodeType = QString::number(TargetInfo::NodeLink);
     const QString documentType = QString::number(TargetInfo::DocumentLink);
 
-    QList<TargetInfo> targets;
-    for (const QString& line : block) {
-        if (!AnnotationLine::HasKey(line, AnnotationLine::HrefKey)) {
-            result.append(line);
-            continue;
-        }
-        QString value = AnnotationLine::Value(line);
-        AnnHelperBase::ParseLink(targets, value);
+    AnnotationLine::RewriteLinks(block, result, [&](QList<TargetInfo>& targets) {
         bool changed = false;
         for (TargetInfo& target : targets) {
             const QString type = target.GetField(TargetInfo::TypeField);
@@ -113,12 +106,6 @@ void ReplaceNameBlockProcessor::ProcessBlock(const QStringList& block, QStringLi
                 changed = true;
             }
         }
-        if (!changed) {
-            result.append(line);
-            continue;
-        }
-        QString newLine;
-        AnnHelperBase::SaveLink(targets, newLine, false);
-        result.append(newLine);
-    }
+        return changed;
+    });
 }

@@ -15,23 +15,6 @@
 
 namespace {
 
-const QString F(QChar(0x11));
-const QString Z(QChar(0x13));
-const QString T(QChar(0x12));
-const QString S(QChar(0x00A4));
-
-QStringList block(const QStringList& properties)
-{
-    return QStringList { "BO" } + properties + QStringList { "EO" };
-}
-
-QStringList run(ObjectBlockProcessor& processor, const QStringList& properties)
-{
-    QStringList result;
-    processor.ProcessBlock(block(properties), result);
-    return result;
-}
-
 // A link record (standard, or one record of a split link) of the given type.
 QString record(const QStringList& paths, const QStringList& pages, const QString& type = "0")
 {

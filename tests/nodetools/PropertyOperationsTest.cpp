@@ -13,23 +13,6 @@
 
 namespace {
 
-const QString F(QChar(0x11));
-const QString T(QChar(0x12));
-const QString Z(QChar(0x13));
-const QString S(QChar(0x00A4));
-
-QStringList block(const QStringList& properties)
-{
-    return QStringList { "BO" } + properties + QStringList { "EO" };
-}
-
-QStringList run(ObjectBlockProcessor& processor, const QStringList& properties)
-{
-    QStringList result;
-    processor.ProcessBlock(block(properties), result);
-    return result;
-}
-
 // A standard link record of the given type.
 QString link(const QString& type, const QString& path, const QString& description)
 {

@@ -1,5 +1,7 @@
 #include "TestProject.h"
 
+#include <nodetools/ObjectBlockProcessor.h>
+
 #include <QDir>
 #include <QFile>
 
@@ -43,4 +45,16 @@ QString StandardLink(const QString& path, const QString& page, const QString& de
 QByteArray HostText(const QStringList& lines)
 {
     return lines.join("\r\n").toUtf8();
+}
+
+QStringList block(const QStringList& properties)
+{
+    return QStringList { "BO" } + properties + QStringList { "EO" };
+}
+
+QStringList run(ObjectBlockProcessor& processor, const QStringList& properties)
+{
+    QStringList result;
+    processor.ProcessBlock(block(properties), result);
+    return result;
 }

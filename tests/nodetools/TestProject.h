@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+class ObjectBlockProcessor;
+
 // A throw-away project: a temporary root with its "Daten" folder.
 class TestProject
 {
@@ -28,6 +30,19 @@ private:
 
 // A standard link value: 23 fields with `path` in the second one.
 QString StandardLink(const QString& path, const QString& page = "1", const QString& description = "Detail");
+
+// The separators of link values: between fields, targets and zones, and the
+// mark that opens a split link.
+const QString F(QChar(0x11));
+const QString T(QChar(0x12));
+const QString Z(QChar(0x13));
+const QString S(QChar(0x00A4));
+
+// An object block: "BO", `properties`, "EO".
+QStringList block(const QStringList& properties);
+
+// What `processor` makes of the block with `properties`.
+QStringList run(ObjectBlockProcessor& processor, const QStringList& properties);
 
 // `lines` joined with CR LF, as the host writes annotation files.
 QByteArray HostText(const QStringList& lines);
