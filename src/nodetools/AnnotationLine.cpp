@@ -76,9 +76,17 @@ void RewriteLinks(
 }
 
 NameFilter::NameFilter(const QString& pattern)
-    : expression(pattern)
+    : pattern(pattern)
+    , expression(pattern)
     , empty(pattern.isEmpty())
 { }
+
+bool NameFilter::Matches(std::unique_ptr<NameFilter>& cache, const QString& pattern, const QStringList& block)
+{
+    if (!cache || cache->pattern != pattern)
+        cache = std::make_unique<NameFilter>(pattern);
+    return cache->Matches(block);
+}
 
 bool NameFilter::Matches(const QStringList& block) const
 {

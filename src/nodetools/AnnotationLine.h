@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 
 class TargetInfo;
 
@@ -58,7 +59,12 @@ public:
     QString ErrorString() const { return expression.errorString(); }
     bool Matches(const QStringList& block) const;
 
+    // Whether the block matches `pattern`; `cache` keeps the compiled filter
+    // and is compiled again only when the pattern changed.
+    static bool Matches(std::unique_ptr<NameFilter>& cache, const QString& pattern, const QStringList& block);
+
 private:
+    QString pattern;
     QRegularExpression expression;
     bool empty = true;
 };

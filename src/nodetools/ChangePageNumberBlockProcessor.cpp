@@ -40,12 +40,8 @@ ChangePageNumberBlockProcessor::~ChangePageNumberBlockProcessor() = default;
 
 void ChangePageNumberBlockProcessor::ProcessBlock(const QStringList& block, QStringList& result)
 {
-    // Compiled once per pattern rather than once per block.
-    if (!compiledNameFilter || compiledPattern != nameFilter) {
-        compiledNameFilter = std::make_unique<AnnotationLine::NameFilter>(nameFilter);
-        compiledPattern = nameFilter;
-    }
-    if (pageDelta == 0 || !AnnotationLine::IsInCategory(block, categoryFilter) || !compiledNameFilter->Matches(block)) {
+    if (pageDelta == 0 || !AnnotationLine::IsInCategory(block, categoryFilter)
+        || !AnnotationLine::NameFilter::Matches(compiledNameFilter, nameFilter, block)) {
         result.append(block);
         return;
     }

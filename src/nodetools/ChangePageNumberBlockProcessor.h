@@ -29,7 +29,6 @@ public:
 
 private:
     std::unique_ptr<AnnotationLine::NameFilter> compiledNameFilter;
-    QString compiledPattern;
 };
 
 #endif

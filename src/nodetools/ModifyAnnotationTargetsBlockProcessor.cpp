@@ -13,13 +13,8 @@ ModifyAnnotationTargetsBlockProcessor::~ModifyAnnotationTargetsBlockProcessor() 
 
 void ModifyAnnotationTargetsBlockProcessor::ProcessBlock(const QStringList& block, QStringList& result)
 {
-    // Compiled once per pattern rather than once per block.
-    if (!compiledNameFilter || compiledPattern != nameFilter) {
-        compiledNameFilter = std::make_unique<AnnotationLine::NameFilter>(nameFilter);
-        compiledPattern = nameFilter;
-    }
     if (!useEnvFactor || !std::isfinite(envFactor) || !AnnotationLine::IsInCategory(block, categoryFilter)
-        || !compiledNameFilter->Matches(block)) {
+        || !AnnotationLine::NameFilter::Matches(compiledNameFilter, nameFilter, block)) {
         result.append(block);
         return;
     }

@@ -33,7 +33,6 @@ public:
 
 private:
     std::unique_ptr<AnnotationLine::NameFilter> compiledNameFilter;
-    QString compiledPattern;
 };
 
 #endif

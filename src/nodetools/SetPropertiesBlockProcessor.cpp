@@ -99,11 +99,7 @@ bool SetPropertiesBlockProcessor::isSelected(const QStringList& block)
 {
     if (!AnnotationLine::IsInCategory(block, categoryFilter))
         return false;
-    if (!compiledNameFilter || compiledPattern != nameFilter) {
-        compiledNameFilter = std::make_unique<AnnotationLine::NameFilter>(nameFilter);
-        compiledPattern = nameFilter;
-    }
-    return compiledNameFilter->Matches(block);
+    return AnnotationLine::NameFilter::Matches(compiledNameFilter, nameFilter, block);
 }
 
 void SetPropertiesBlockProcessor::applyDimensions(QStringList& lines) const

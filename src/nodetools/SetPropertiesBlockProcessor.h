@@ -40,7 +40,6 @@ private:
     void applyDimensions(QStringList& lines) const;
 
     std::unique_ptr<AnnotationLine::NameFilter> compiledNameFilter;
-    QString compiledPattern;
     // The template's left, top, width and height as written; empty when the
     // current file has none.
     QStringList templateGeometry;
