@@ -443,6 +443,20 @@ PROJECT_DESCRIPTION = {
                    "Note": "Keller unter Straßenniveau"}],
             "2": [{"Id": 513, "X": 120.25, "Y": 74.5, "Label": "Telekom – Kabeltrasse", "Participant": 4}]},
     },
+    "Tables": [
+        {"Id": 1, "Name": "Eigentümerliste Lindenweg", "Columns": ["Flurstück", "Eigentümer", "Anschrift"]},
+        {"Id": 2, "Name": "Schachtliste", "Columns": ["Schacht", "Deckelhöhe", "Sohlhöhe"]},
+    ],
+    "Participants": [
+        {"Id": 3, "Name": "Stadtwerke Musterstadt – Gas", "Organisation": "Stadtwerke Musterstadt GmbH"},
+        {"Id": 4, "Name": "Telekom – Kabeltrasse", "Organisation": "Telekom Technik GmbH"},
+        {"Id": 10, "Name": "Eigentümer Lindenweg 3", "Organisation": ""},
+        {"Id": 11, "Name": "Eigentümer Lindenweg 5", "Organisation": ""},
+        {"Id": 12, "Name": "Eigentümer Lindenweg 7", "Organisation": ""},
+    ],
+    "Galleries": [
+        {"Id": 1, "Name": "Baustellenfotos Bauabschnitt 2", "Folder": "Fotos/BA2"},
+    ],
 }
 
 

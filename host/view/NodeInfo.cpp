@@ -1,9 +1,8 @@
 #include "NodeInfo.h"
 
 NodeInfo::NodeInfo(int id, const QString& name, int parentId)
-    : id(id)
+    : ItemInfo(Kind::Node, id, name)
     , parentId(parentId)
-    , name(name)
 { }
 
 NodeInfo::~NodeInfo() = default;

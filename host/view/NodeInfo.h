@@ -1,6 +1,7 @@
 #ifndef KAMO_VIEW_NODEINFO_H
 #define KAMO_VIEW_NODEINFO_H
 
+#include "ItemInfo.h"
 #include "kamo_view_export.h"
 
 #include <QList>
@@ -12,19 +13,15 @@
 // documents are filed under. A project has up to four zones (planning
 // variants, construction phases); a node keeps its own list of documents for
 // each zone and is shown in one zone at a time.
-class KAMO_VIEW_EXPORT NodeInfo
+class KAMO_VIEW_EXPORT NodeInfo : public ItemInfo
 {
 public:
     static constexpr int MaxZones = 4;
 
     NodeInfo(int id = 0, const QString& name = QString(), int parentId = 0);
-    virtual ~NodeInfo();
+    ~NodeInfo() override;
 
-    int Id() const { return id; }
     int ParentId() const { return parentId; } // 0: a top-level node
-
-    const QString& Name() const { return name; }
-    void SetName(const QString& newName) { name = newName; }
 
     // The zone the node is shown in, 1..MaxZones.
     int Zone() const { return zone; }
@@ -40,9 +37,7 @@ public:
     void GetFilesForZone(int zone, QStringList& files) const;
 
 private:
-    int id;
     int parentId;
-    QString name;
     int zone = 1;
     QMap<int, QStringList> documents;
 };

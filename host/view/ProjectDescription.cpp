@@ -25,6 +25,25 @@ bool toInt(const QJsonValue& value, int& out)
     return true;
 }
 
+// The one field each kind of record has beside its id and name.
+TableInfo* makeRecord(int id, const QString& name, const QJsonObject& entry, TableInfo*)
+{
+    QStringList columns;
+    for (const QJsonValue& column : entry.value(QStringLiteral("Columns")).toArray())
+        columns.append(column.toString());
+    return new TableInfo(id, name, columns);
+}
+
+ParticipantInfo* makeRecord(int id, const QString& name, const QJsonObject& entry, ParticipantInfo*)
+{
+    return new ParticipantInfo(id, name, entry.value(QStringLiteral("Organisation")).toString());
+}
+
+GalleryInfo* makeRecord(int id, const QString& name, const QJsonObject& entry, GalleryInfo*)
+{
+    return new GalleryInfo(id, name, entry.value(QStringLiteral("Folder")).toString());
+}
+
 // A zone or page key: a decimal number without sign or leading zeros.
 bool toPositiveKey(const QString& key, int& out)
 {
@@ -46,6 +65,12 @@ void ProjectDescription::clear()
 {
     qDeleteAll(nodes);
     nodes.clear();
+    qDeleteAll(tables);
+    tables.clear();
+    qDeleteAll(participants);
+    participants.clear();
+    qDeleteAll(galleries);
+    galleries.clear();
     nodeOrder.clear();
     files.clear();
     pins.clear();
@@ -59,6 +84,24 @@ bool ProjectDescription::fail(const QString& message)
     clear();
     errorString = message;
     return false;
+}
+
+template <typename Record>
+bool ProjectDescription::readRecords(
+    const QJsonObject& root, const QString& key, const QString& path, QMap<int, Record*>& records)
+{
+    const QJsonArray list = root.value(key).toArray();
+    for (int n = 0; n < list.size(); ++n) {
+        const QJsonObject entry = list.at(n).toObject();
+        int recordId = 0;
+        if (!toInt(entry.value(QStringLiteral("Id")), recordId) || recordId <= 0)
+            return fail(QStringLiteral("%1: %2 %3: \"Id\" must be a positive whole number").arg(path, key).arg(n + 1));
+        if (records.contains(recordId))
+            return fail(QStringLiteral("%1: %2 %3: id %4 is used twice").arg(path, key).arg(n + 1).arg(recordId));
+        records.insert(recordId,
+            makeRecord(recordId, entry.value(QStringLiteral("Name")).toString(), entry, static_cast<Record*>(nullptr)));
+    }
+    return true;
 }
 
 bool ProjectDescription::Load(const QString& projectRoot)
@@ -148,6 +191,11 @@ bool ProjectDescription::LoadFile(const QString& path)
             }
         }
     }
+
+    if (!readRecords(root, QStringLiteral("Tables"), path, tables)
+        || !readRecords(root, QStringLiteral("Participants"), path, participants)
+        || !readRecords(root, QStringLiteral("Galleries"), path, galleries))
+        return false;
 
     const QJsonObject pinsByDocument = root.value(QStringLiteral("Pins")).toObject();
     for (auto document = pinsByDocument.begin(); document != pinsByDocument.end(); ++document) {

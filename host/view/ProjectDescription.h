@@ -1,11 +1,15 @@
 #ifndef KAMO_VIEW_PROJECTDESCRIPTION_H
 #define KAMO_VIEW_PROJECTDESCRIPTION_H
 
+#include "GalleryInfo.h"
 #include "NodeFileInfo.h"
 #include "NodeInfo.h"
+#include "ParticipantInfo.h"
 #include "PinObject.h"
+#include "TableInfo.h"
 #include "kamo_view_export.h"
 
+#include <QJsonObject>
 #include <QList>
 #include <QMap>
 #include <QString>
@@ -14,7 +18,7 @@
 // The description of a project as the host keeps it: its node tree with the
 // documents of each node per zone and the pins set on the documents' pages.
 // Read from the file "Projekt.json" in the project root (see
-// docs/project-format.md). Owns its nodes; the maps are the ones the host
+// docs/project-format.md). Owns its records; the maps are the ones the host
 // lends to the tools.
 class KAMO_VIEW_EXPORT ProjectDescription
 {
@@ -49,12 +53,18 @@ public:
     // Pins by document name and page.
     QMap<QString, QMap<int, QList<PinObject>>>& Pins() { return pins; }
 
+    QMap<int, TableInfo*>& Tables() { return tables; }
+    QMap<int, ParticipantInfo*>& Participants() { return participants; }
+    QMap<int, GalleryInfo*>& Galleries() { return galleries; }
+
     // The nodes named exactly `nodeName`, by ascending id.
     QList<NodeInfo*> FindNodes(const QString& nodeName) const;
 
 private:
     void clear();
     bool fail(const QString& message);
+    template <typename Record>
+    bool readRecords(const QJsonObject& root, const QString& key, const QString& path, QMap<int, Record*>& records);
 
     QString errorString;
     QString id;
@@ -64,6 +74,9 @@ private:
     QList<int> nodeOrder;
     QMap<QString, NodeFileInfo> files;
     QMap<QString, QMap<int, QList<PinObject>>> pins;
+    QMap<int, TableInfo*> tables;
+    QMap<int, ParticipantInfo*> participants;
+    QMap<int, GalleryInfo*> galleries;
 };
 
 #endif

@@ -1,0 +1,74 @@
+#ifndef KAMO_TOOLS_DIALOGNODETOOLS_H
+#define KAMO_TOOLS_DIALOGNODETOOLS_H
+
+#include "kamo_tools_export.h"
+
+#include <QList>
+#include <QMap>
+#include <QString>
+
+class DlgNodeTools;
+class GalleryInfo;
+class NodeFileInfo;
+class NodeInfo;
+class ParticipantInfo;
+class PinObject;
+class QSettings;
+class QWidget;
+class TableInfo;
+class TreeWidget;
+
+// The node tools as the host opens them: hand over the project through the
+// setters, then call ShowModal. Every pointer is borrowed; the facade never
+// deletes what the host lends it.
+class KAMO_TOOLS_EXPORT DialogNodeTools
+{
+public:
+    explicit DialogNodeTools(QWidget* parent);
+    ~DialogNodeTools();
+
+    // Copies share the dialog of the original; only the original may
+    // outlive the other, since each deletes the dialog it points to.
+    DialogNodeTools(const DialogNodeTools&) = default;
+    DialogNodeTools& operator=(const DialogNodeTools&) = default;
+
+    void SetProjectId(const QString& id);
+    void SetProjectName(const QString& name);
+    void SetProjectRootDir(const QString& dir);
+    void SetSettings(QSettings* settings);
+    void SetSourceTreeWidget(TreeWidget* tree);
+    void SetNodesMap(QMap<int, NodeInfo*>* map);
+    void SetTableMap(QMap<int, TableInfo*>* map);
+    void SetParticipantsMap(QMap<int, ParticipantInfo*>* map);
+    void SetGalleryMap(QMap<int, GalleryInfo*>* map);
+    void SetFilesMap(QMap<QString, NodeFileInfo>* map);
+    void SetFilesPinMap(QMap<QString, QMap<int, QList<PinObject>>>* map);
+
+    // Lets the user choose and configure an operation, then runs it with a
+    // progress dialog and reports the result. Does nothing without a nodes
+    // map.
+    void ShowModal();
+
+    // The data directory of the last run; a directory chosen in the dialog
+    // replaces the one the host set.
+    const QString& GetProjectRootDir() const { return projectRootDir; }
+    // The dialog, for a host that wants to adjust it before ShowModal.
+    DlgNodeTools* GetDialog() const { return dialog; }
+
+private:
+    QWidget* parent;
+    DlgNodeTools* dialog = nullptr;
+    QString projectId;
+    QString projectName;
+    QString projectRootDir;
+    TreeWidget* sourceTree = nullptr;
+    QMap<int, NodeInfo*>* nodes = nullptr;
+    QMap<QString, NodeFileInfo>* files = nullptr;
+    QMap<QString, QMap<int, QList<PinObject>>>* filesPins = nullptr;
+    QMap<int, ParticipantInfo*>* participants = nullptr;
+    QMap<int, GalleryInfo*>* galleries = nullptr;
+    QMap<int, TableInfo*>* tables = nullptr;
+    QSettings* settings = nullptr;
+};
+
+#endif
