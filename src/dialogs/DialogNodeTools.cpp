@@ -1,10 +1,58 @@
 #include "dialogs/DialogNodeTools.h"
 
+#include "dialogs/DlgNodeTools.h"
+#include "dialogs/QtProgressCallback.h"
+#include "nodetools/AnalyzeProjectNT.h"
+#include "nodetools/ChangeHREFPathNT.h"
+#include "nodetools/ChangeHREFTypeNT.h"
+#include "nodetools/ChangeHREFTypeToStandardNT.h"
+#include "nodetools/ChangePageNumberNT.h"
+#include "nodetools/ConvertFreeHandPinsNT.h"
+#include "nodetools/DuplicateHREFInAnnotationsNT.h"
+#include "nodetools/ModifyAnnotationTargetsNT.h"
+#include "nodetools/NodeToolBackup.h"
+#include "nodetools/RemoveHREFInAnnotationNT.h"
+#include "nodetools/ReplaceNameInAnnotationsNT.h"
+#include "nodetools/SetAnnotationPropertiesNT.h"
+
+#include <Vex.h>
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QProgressDialog>
+
+#include <memory>
+
+namespace {
+
+QString trDialog(const char* text)
+{
+    return QCoreApplication::translate("DlgNodeTools", text);
+}
+
+// Runs `work` under a wait cursor, also when it leaves early.
+template <typename Work> auto withWaitCursor(Work work)
+{
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    struct Restore {
+        ~Restore() { QApplication::restoreOverrideCursor(); }
+    } restore;
+    return work();
+}
+
+} // namespace
+
 DialogNodeTools::DialogNodeTools(QWidget* parent)
     : parent(parent)
+    , dialog(new DlgNodeTools(parent))
 { }
 
-DialogNodeTools::~DialogNodeTools() = default;
+DialogNodeTools::~DialogNodeTools()
+{
+    delete dialog;
+}
 
 void DialogNodeTools::SetProjectId(const QString& id)
 {
@@ -52,4 +100,176 @@ void DialogNodeTools::SetFilesPinMap(QMap<QString, QMap<int, QList<PinObject>>>*
 }
 
 void DialogNodeTools::ShowModal()
-{ }
+{
+    if (!nodes || !dialog)
+        return;
+
+    dialog->SetProjectName(projectName);
+    dialog->SetDataDirectory(projectRootDir);
+    dialog->SetProjectId(projectId);
+    dialog->SetSourceTree(sourceTree);
+    dialog->SetNodesMap(nodes);
+    dialog->SetParticipantsMap(participants);
+    dialog->SetGalleryMap(galleries);
+    dialog->SetTableMap(tables);
+    dialog->SetSettings(settings);
+    dialog->Initialize();
+    dialog->ShowProjectData();
+
+    if (dialog->exec() != QDialog::Accepted)
+        return;
+
+    projectRootDir = dialog->GetDataDirectory();
+    if (projectRootDir.isEmpty() || !QDir(projectRootDir).exists()) {
+        QMessageBox::warning(nullptr, QStringLiteral("Kamo"),
+            trDialog("Data directory:\n\n'%1'\n\ninvalid").arg(projectRootDir), QMessageBox::Ok);
+        return;
+    }
+
+    const int operation = dialog->GetOperationId();
+    if (dialog->GetDoBackup()) {
+        NodeToolBackup backup;
+        backup.projectRootDir = projectRootDir;
+        backup.logText = QStringLiteral("Node Tool Operation: %1\nSource: %2\nUser: %3")
+                             .arg(QString::number(operation), projectRootDir, Vex::GetCurrentUserName());
+        if (!withWaitCursor([&backup] { return backup.Create(); })) {
+            QMessageBox::warning(nullptr, QStringLiteral("Kamo"), trDialog("Error creating backup"), QMessageBox::Ok);
+            return;
+        }
+    }
+
+    std::unique_ptr<NodeTool> tool = createTool(operation);
+    if (!tool)
+        return;
+
+    QProgressDialog progress(parent);
+    // Modal, so that each new value repaints it; there is nothing to cancel.
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setCancelButton(nullptr);
+    progress.setWindowTitle(trDialog("Werkzeuge"));
+    QtProgressCallback callback(&progress);
+    tool->SetProgressCallback(&callback);
+    withWaitCursor([&tool] {
+        tool->Execute();
+        return true;
+    });
+    tool->SetProgressCallback(nullptr);
+    progress.reset();
+
+    if (tool->HasOwnResultView()) {
+        tool->ShowResult(parent);
+    } else {
+        QMessageBox result(parent);
+        result.setIcon(QMessageBox::Information);
+        result.setWindowTitle(trDialog("Vorgang abgeschlossen"));
+        // The examined count is replaced at once: only the changed count is
+        // seen, as users of the tools know it.
+        result.setText(trDialog("Dateien untersucht: %1").arg(tool->GetFilesExamined()));
+        result.setText(trDialog("Dateien verändert: %1").arg(tool->GetFilesChanged()));
+        result.exec();
+    }
+}
+
+std::unique_ptr<NodeTool> DialogNodeTools::createTool(int operation) const
+{
+    const QString category = dialog->GetCategoryFilterEnabled() ? dialog->GetCategoryFilter() : QString();
+    const QString name = dialog->GetNameFilterEnabled() ? dialog->GetNameFilterExpression() : QString();
+    // Every block tool but the name matching works on the checked nodes'
+    // documents; the name matching looks at all annotation files.
+    const auto blockTool = [this](auto* tool) {
+        tool->SetProjectRootDir(projectRootDir);
+        tool->SetFileNames(dialog->GetFilesOfCheckedNodes());
+        return std::unique_ptr<NodeTool>(tool);
+    };
+
+    switch (operation) {
+    case 0: {
+        auto* tool = new ReplaceNameInAnnotationsNT;
+        tool->SetProjectRootDir(projectRootDir);
+        tool->SetAllAnnotationFiles(true);
+        tool->SetNodesMap(nodes);
+        tool->SetIgnorePathOnCompare(dialog->GetIgnorePathOnCompare());
+        return std::unique_ptr<NodeTool>(tool);
+    }
+    case 1: {
+        auto* tool = new RemoveHREFInAnnotationNT;
+        tool->SetCategoryFilter(category);
+        return blockTool(tool);
+    }
+    case 2: {
+        auto* tool = new DuplicateHREFInAnnotationsNT;
+        tool->SetCategoryFilter(category);
+        tool->SetNewLinkTarget(dialog->GetNewHREFTarget());
+        return blockTool(tool);
+    }
+    case 3: {
+        auto* tool = new ChangeHREFTypeNT;
+        tool->SetCategoryFilter(category);
+        tool->SetNodesMap(nodes);
+        tool->SetFilesMap(files);
+        return blockTool(tool);
+    }
+    case 4: {
+        auto* tool = new ConvertFreeHandPinsNT;
+        tool->SetFileNames(dialog->GetFilesOfCheckedNodes());
+        tool->SetProjectRootDir(projectRootDir);
+        tool->SetFilesPinMap(filesPins);
+        return std::unique_ptr<NodeTool>(tool);
+    }
+    case 5: {
+        auto* tool = new ChangeHREFPathNT;
+        tool->SetPathMap(dialog->ReadHREFPathMap());
+        return blockTool(tool);
+    }
+    case 6: {
+        auto* tool = new SetAnnotationPropertiesNT;
+        tool->SetCategoryFilter(category);
+        tool->SetNameFilter(name);
+        if (dialog->GetSetName())
+            tool->SetNameOption(true, dialog->GetName());
+        if (dialog->GetSetText())
+            tool->SetTextOption(true, dialog->GetText());
+        if (dialog->GetSetDimensions())
+            tool->SetDimensionOption(true, dialog->GetDimensionOptions());
+        return blockTool(tool);
+    }
+    case 7: {
+        auto* tool = new AnalyzeProjectNT;
+        tool->SetProjectRootDir(projectRootDir);
+        tool->SetNodesMap(nodes);
+        tool->SetFilesMap(files);
+        return std::unique_ptr<NodeTool>(tool);
+    }
+    case 8: {
+        auto* tool = new ChangeHREFTypeToStandardNT;
+        tool->SetCategoryFilter(category);
+        tool->SetNodesMap(nodes);
+        tool->SetFilesMap(files);
+        tool->SetTargetZone(dialog->GetTargetZone());
+        return blockTool(tool);
+    }
+    case 9: {
+        auto* tool = new ModifyAnnotationTargetsNT;
+        tool->SetCategoryFilter(category);
+        tool->SetNameFilter(name);
+        if (dialog->GetUseTargetIndexFilter()) {
+            tool->SetUseTargetIndexFilter(true);
+            tool->SetTargetIndex(dialog->GetTargetIndex());
+        }
+        if (dialog->GetUseEnvFactor()) {
+            tool->SetUseEnvFactor(true);
+            tool->SetEnvFactor(dialog->GetEnvFactor());
+        }
+        return blockTool(tool);
+    }
+    case 10: {
+        auto* tool = new ChangePageNumberNT;
+        tool->SetCategoryFilter(category);
+        tool->SetNameFilter(name);
+        tool->SetPageDelta(dialog->GetPageDelta());
+        return blockTool(tool);
+    }
+    default:
+        return nullptr;
+    }
+}

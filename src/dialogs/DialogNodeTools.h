@@ -7,10 +7,13 @@
 #include <QMap>
 #include <QString>
 
+#include <memory>
+
 class DlgNodeTools;
 class GalleryInfo;
 class NodeFileInfo;
 class NodeInfo;
+class NodeTool;
 class ParticipantInfo;
 class PinObject;
 class QSettings;
@@ -56,6 +59,10 @@ public:
     DlgNodeTools* GetDialog() const { return dialog; }
 
 private:
+    // The tool of operation `operation` with the options of the dialog;
+    // null for an unknown operation.
+    std::unique_ptr<NodeTool> createTool(int operation) const;
+
     QWidget* parent;
     DlgNodeTools* dialog = nullptr;
     QString projectId;

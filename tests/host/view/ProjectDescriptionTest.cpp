@@ -40,6 +40,10 @@ void ProjectDescriptionTest::sampleProjectLoads()
     QCOMPARE(pins.keys(), (QList<int> { 1, 2 }));
     QCOMPARE(pins.value(1).at(1).Note(), "Keller unter Straßenniveau");
     QCOMPARE(pins.value(2).at(0).X(), 120.25);
+
+    QCOMPARE(description.Participants().value(12)->Name(), "Eigentümer Lindenweg 7");
+    QCOMPARE(description.Tables().value(2)->Columns().size(), 3);
+    QCOMPARE(description.Galleries().value(1)->Folder(), "Fotos/BA2");
 }
 
 void ProjectDescriptionTest::malformedFilesAreRejected_data()
@@ -66,6 +70,11 @@ void ProjectDescriptionTest::malformedFilesAreRejected_data()
     QTest::newRow("pin without position")
         << QByteArray(R"({"Version": 1, "Nodes": [], "Pins": {"a.pdf": {"1": [{"Id": 3, "X": 1}]}}})")
         << "pin 3 needs numbers \"X\" and \"Y\"";
+    QTest::newRow("participant id twice")
+        << QByteArray(R"({"Version": 1, "Nodes": [], "Participants": [{"Id": 3}, {"Id": 3}]})")
+        << "Participants 2: id 3 is used twice";
+    QTest::newRow("table without id") << QByteArray(R"({"Version": 1, "Nodes": [], "Tables": [{"Name": "T"}]})")
+                                      << "Tables 1: \"Id\" must be a positive whole number";
     QTest::newRow("page 01") << QByteArray(R"({"Version": 1, "Nodes": [], "Pins": {"a.pdf": {"01": []}}})")
                              << "page \"01\" must be a number from 1";
 }

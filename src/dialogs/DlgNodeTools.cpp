@@ -1,0 +1,425 @@
+#include "dialogs/DlgNodeTools.h"
+
+#include "ui_DlgNodeTools.h"
+
+#include <CheckableTree.h>
+#include <NodeInfo.h>
+#include <TreeWidget.h>
+
+#include <QDir>
+#include <QDoubleValidator>
+#include <QFile>
+#include <QFileDialog>
+#include <QIntValidator>
+#include <QSettings>
+#include <QTextStream>
+
+namespace {
+
+const QString KeyGeometry = QStringLiteral("NodeToolsDialog/NodeToolsDlg_geometry");
+const QString KeyLastOperation = QStringLiteral("NodeToolsDialog/LastOperationIndex");
+const QString KeyCategoryFilterEnabled = QStringLiteral("NodeToolsDialog/CategoryFilterEnabled");
+const QString KeyCategoryFilter = QStringLiteral("NodeToolsDialog/CategoryFilter");
+const QString KeyNameFilterEnabled = QStringLiteral("NodeToolsDialog/NameFilterEnabled");
+const QString KeyNameFilterExpression = QStringLiteral("NodeToolsDialog/NameFilterExpression");
+const QString KeyNewHREFTarget = QStringLiteral("NodeToolsDialog/NewHREFTarget");
+const QString KeyPathMapFile = QStringLiteral("NodeToolsDialog/HREFReplacePathMapFile");
+const QString KeySetName = QStringLiteral("NodeToolsDialog/SAPSetName");
+const QString KeyName = QStringLiteral("NodeToolsDialog/SAPName");
+const QString KeySetText = QStringLiteral("NodeToolsDialog/SAPSetText");
+const QString KeyText = QStringLiteral("NodeToolsDialog/SAPText");
+const QString KeySetPos = QStringLiteral("NodeToolsDialog/SAPSetPos");
+const QString KeyPosUseTemplate = QStringLiteral("NodeToolsDialog/SAPSetPosUseTemplate");
+const QString KeyPosTemplateName = QStringLiteral("NodeToolsDialog/SAPSetPosTplName");
+const QString KeyPosLeftOffset = QStringLiteral("NodeToolsDialog/SAPSetPosSetOffsetLeft");
+const QString KeyPosWidth = QStringLiteral("NodeToolsDialog/SAPSetPosSetWidth");
+const QString KeyPosHeight = QStringLiteral("NodeToolsDialog/SAPSetPosSetHeight");
+const QString KeyPosHeightTopwards = QStringLiteral("NodeToolsDialog/SAPSetPosSetHeightTopwards");
+const QString KeyUseTargetIndex = QStringLiteral("NodeToolsDialog/CTPUseTargetFilterIndex");
+const QString KeyTargetIndex = QStringLiteral("NodeToolsDialog/CTPTargetFilterIndex");
+const QString KeyUseEnvFactor = QStringLiteral("NodeToolsDialog/CTPUseTargetEnvFactor");
+const QString KeyEnvFactor = QStringLiteral("NodeToolsDialog/CTPTargetEnvFactor");
+
+// Reads the lines of a path map file split at ",", empty parts kept. Lines
+// with fewer than two parts carry no mapping and are dropped.
+QList<QStringList> readPathMapLines(const QString& fileName)
+{
+    QList<QStringList> lines;
+    QFile file(fileName);
+    if (fileName.isEmpty() || !file.exists() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return lines;
+    QTextStream stream(&file);
+    while (!stream.atEnd()) {
+        const QStringList parts = stream.readLine().split(QLatin1Char(','));
+        if (parts.size() >= 2)
+            lines.append(parts);
+    }
+    return lines;
+}
+
+} // namespace
+
+QList<int> DlgNodeTools::TabsOfOperation(int id)
+{
+    switch (id) {
+    case 0:
+        return { TabReplaceLinkDesc };
+    case 1:
+        return { TabNodeFilter, TabAnnotationFilter };
+    case 2:
+        return { TabNodeFilter, TabAnnotationFilter, TabDuplicateHREF };
+    case 3:
+        return { TabNodeFilter, TabAnnotationFilter };
+    case 4:
+        return { TabNodeFilter };
+    case 5:
+        return { TabNodeFilter, TabHREFPath };
+    case 6:
+        return { TabNodeFilter, TabAnnotationFilter, TabSetAnnotationProperties };
+    case 8:
+        // The category filter still applies, though its tab stays hidden.
+        return { TabNodeFilter, TabChangeHREFType };
+    case 9:
+        return { TabNodeFilter, TabAnnotationFilter, TabModifyTargets };
+    case 10:
+        return { TabNodeFilter, TabAnnotationFilter, TabPageNumber };
+    default:
+        return {};
+    }
+}
+
+DlgNodeTools::DlgNodeTools(QWidget* parent)
+    : QDialog(parent)
+    , ui(new Ui::DlgNodeTools)
+{
+    ui->setupUi(this);
+
+    ui->edtlAnnModifyTargetFilterTargetIndex->setValidator(new QIntValidator(0, 99, this));
+    // The factor is read back with QString::toFloat, which knows only the
+    // decimal point; the validator must not ask for a comma.
+    auto* factorValidator = new QDoubleValidator(0.0, 9.9, 1, this);
+    factorValidator->setNotation(QDoubleValidator::StandardNotation);
+    factorValidator->setLocale(QLocale::c());
+    ui->edtAnnModifyTargetsEnvFactor->setValidator(factorValidator);
+
+    connect(ui->tabOptions, &QTabWidget::currentChanged, this, &DlgNodeTools::OnCurrentOptionsTabChanged);
+    connect(ui->btnSelectBaseDirFolder, &QAbstractButton::clicked, this, &DlgNodeTools::OnSelectBaseDirFolderClicked);
+    connect(ui->cbxNodeOperationSelect, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+        &DlgNodeTools::OnOperationIdChanged);
+    connect(ui->btnDuplicateHREFSelectNewLinkTarget, &QAbstractButton::clicked, this,
+        &DlgNodeTools::OnSelectNewHREFLinkTargetClicked);
+    connect(ui->btnHREFReplacePathMapFile, &QAbstractButton::clicked, this,
+        &DlgNodeTools::OnSelectHREFReplacePathMapFileClicked);
+    connect(ui->buttonBox, &QDialogButtonBox::accepted, this, &DlgNodeTools::OnAccepted);
+    connect(ui->buttonBox, &QDialogButtonBox::rejected, this, &DlgNodeTools::OnRejected);
+
+    // A typed folder counts as much as a chosen one; red says it is missing.
+    connect(ui->edtProjectRootDir, &QLineEdit::textEdited, this, [this](const QString& text) {
+        dataDirectory = QDir::fromNativeSeparators(text);
+        colourDataDirectory();
+    });
+    connect(ui->btnCheckAllNodes, &QAbstractButton::clicked, this, [this] {
+        if (nodeTree)
+            nodeTree->SetAllChecked(true);
+    });
+    connect(ui->btnUncheckAllNodes, &QAbstractButton::clicked, this, [this] {
+        if (nodeTree)
+            nodeTree->SetAllChecked(false);
+    });
+
+    // The form holds every tab once; the operations show a choice of them.
+    for (int i = 0; i < ui->tabOptions->count(); ++i) {
+        tabTitles.insert(i, ui->tabOptions->tabText(i));
+        tabPages.insert(i, ui->tabOptions->widget(i));
+    }
+    ui->tabOptions->clear();
+    OnOperationIdChanged(ui->cbxNodeOperationSelect->currentIndex());
+}
+
+DlgNodeTools::~DlgNodeTools()
+{
+    if (settings)
+        settings->setValue(KeyGeometry, saveGeometry());
+    delete nodeTree;
+    delete ui;
+}
+
+void DlgNodeTools::Initialize()
+{
+    delete nodeTree;
+    nodeTree = new CheckableTree(
+        ui->qwTreeHolder, sourceTree, projectId, settings, QString(), false, nullptr, nullptr, false);
+
+    // Not remembered: these start as the form has them on every opening.
+    ui->chkbDoBackup->setChecked(true);
+    ui->chkbReplaceDescIgnorePathOnCompare->setChecked(false);
+    ui->cbxChangeHREFTypeTargetZone->setCurrentIndex(0);
+    ui->sbxPageCount->setValue(0);
+
+    restoreSettings();
+    ui->cbxNodeOperationSelect->setFocus();
+}
+
+void DlgNodeTools::restoreSettings()
+{
+    const auto value = [this](const QString& key, const QVariant& initial) {
+        return settings ? settings->value(key, initial) : initial;
+    };
+    restoreGeometry(value(KeyGeometry, QByteArray()).toByteArray());
+    ui->cbxNodeOperationSelect->setCurrentIndex(value(KeyLastOperation, 0).toInt());
+    ui->gbxFilterByAnnotationCategory->setChecked(value(KeyCategoryFilterEnabled, false).toBool());
+    ui->edtCategoryFilter->setText(value(KeyCategoryFilter, QStringLiteral("_unbenannt")).toString());
+    ui->gbxFilterByAnnotationName->setChecked(value(KeyNameFilterEnabled, false).toBool());
+    ui->edtNameFilterExpression->setText(value(KeyNameFilterExpression, QString()).toString());
+    ui->edtDuplicateHREFNewLinkTarget->setText(value(KeyNewHREFTarget, QString()).toString());
+    ui->edtHREFReplacePathMapFile->setText(value(KeyPathMapFile, QString()).toString());
+    ui->gbxSAPName->setChecked(value(KeySetName, false).toBool());
+    ui->edtSAPName->setText(value(KeyName, QString()).toString());
+    ui->gbxSAPText->setChecked(value(KeySetText, false).toBool());
+    ui->edtSAPText->setText(value(KeyText, QString()).toString());
+    ui->gbxSAPPosition->setChecked(value(KeySetPos, false).toBool());
+    ui->rbtnSAPSetDimensionsFromOtherAnnotation->setChecked(value(KeyPosUseTemplate, true).toBool());
+    ui->edtSAPDimensionsTemplateAnnotation->setText(value(KeyPosTemplateName, QString()).toString());
+    ui->chkSAPSetDimensionsLeftOffset->setChecked(value(KeyPosLeftOffset, true).toBool());
+    ui->chkSAPSetDimensionsWidth->setChecked(value(KeyPosWidth, true).toBool());
+    ui->chkSAPSetDimensionsHeight->setChecked(value(KeyPosHeight, true).toBool());
+    ui->chkSAPSetDimensionsHeightTopwardsMode->setChecked(value(KeyPosHeightTopwards, true).toBool());
+    ui->gbxModifyTargetTargetFilter->setChecked(value(KeyUseTargetIndex, true).toBool());
+    ui->edtlAnnModifyTargetFilterTargetIndex->setText(QString::number(value(KeyTargetIndex, 0u).toUInt()));
+    ui->chkAnnModifyTargetEnvFactor->setChecked(value(KeyUseEnvFactor, true).toBool());
+    ui->edtAnnModifyTargetsEnvFactor->setText(QString::number(value(KeyEnvFactor, 1.0f).toFloat(), 'g', 6));
+}
+
+void DlgNodeTools::saveSettings()
+{
+    if (!settings)
+        return;
+    settings->setValue(KeyLastOperation, ui->cbxNodeOperationSelect->currentIndex());
+    settings->setValue(KeyCategoryFilterEnabled, ui->gbxFilterByAnnotationCategory->isChecked());
+    settings->setValue(KeyCategoryFilter, ui->edtCategoryFilter->text());
+    settings->setValue(KeyNameFilterEnabled, ui->gbxFilterByAnnotationName->isChecked());
+    settings->setValue(KeyNameFilterExpression, ui->edtNameFilterExpression->text());
+    settings->setValue(KeyNewHREFTarget, ui->edtDuplicateHREFNewLinkTarget->text());
+    settings->setValue(KeyPathMapFile, ui->edtHREFReplacePathMapFile->text());
+    settings->setValue(KeySetName, ui->gbxSAPName->isChecked());
+    settings->setValue(KeyName, ui->edtSAPName->text());
+    settings->setValue(KeySetText, ui->gbxSAPText->isChecked());
+    settings->setValue(KeyText, ui->edtSAPText->text());
+    settings->setValue(KeySetPos, ui->gbxSAPPosition->isChecked());
+    settings->setValue(KeyPosUseTemplate, ui->rbtnSAPSetDimensionsFromOtherAnnotation->isChecked());
+    settings->setValue(KeyPosTemplateName, ui->edtSAPDimensionsTemplateAnnotation->text());
+    settings->setValue(KeyPosLeftOffset, ui->chkSAPSetDimensionsLeftOffset->isChecked());
+    settings->setValue(KeyPosWidth, ui->chkSAPSetDimensionsWidth->isChecked());
+    settings->setValue(KeyPosHeight, ui->chkSAPSetDimensionsHeight->isChecked());
+    settings->setValue(KeyPosHeightTopwards, ui->chkSAPSetDimensionsHeightTopwardsMode->isChecked());
+    settings->setValue(KeyUseTargetIndex, ui->gbxModifyTargetTargetFilter->isChecked());
+    settings->setValue(KeyTargetIndex, ui->edtlAnnModifyTargetFilterTargetIndex->text().toUInt());
+    settings->setValue(KeyUseEnvFactor, ui->chkAnnModifyTargetEnvFactor->isChecked());
+    settings->setValue(KeyEnvFactor, ui->edtAnnModifyTargetsEnvFactor->text().toFloat());
+}
+
+void DlgNodeTools::ShowProjectData()
+{
+    ui->edtProjectDescription->setText(projectName);
+    ui->edtProjectRootDir->setText(QDir::toNativeSeparators(dataDirectory));
+    colourDataDirectory();
+}
+
+void DlgNodeTools::colourDataDirectory()
+{
+    const QString dir = QDir::fromNativeSeparators(ui->edtProjectRootDir->text());
+    QPalette palette = ui->edtProjectRootDir->palette();
+    const bool exists = !dir.isEmpty() && QDir(dir).exists();
+    palette.setColor(QPalette::Text, exists ? QWidget::palette().color(QPalette::Text) : QColor(Qt::red));
+    ui->edtProjectRootDir->setPalette(palette);
+}
+
+void DlgNodeTools::OnOperationIdChanged(int)
+{
+    ui->tabOptions->clear();
+    for (int tab : TabsOfOperation(ui->cbxNodeOperationSelect->currentIndex()))
+        ui->tabOptions->addTab(tabPages.value(tab), tabTitles.value(tab));
+}
+
+void DlgNodeTools::OnCurrentOptionsTabChanged(int index)
+{
+    if (ui->tabOptions->widget(index) == ui->tabHREFPathOptions)
+        refreshPathMapPreview();
+}
+
+void DlgNodeTools::refreshPathMapPreview()
+{
+    ui->treeHREFReplacePathPreview->clear();
+    QList<QTreeWidgetItem*> rows;
+    for (const QStringList& parts : readPathMapLines(ui->edtHREFReplacePathMapFile->text())) {
+        auto* row = new QTreeWidgetItem;
+        row->setText(0, parts.at(0));
+        row->setText(1, parts.at(1));
+        rows.append(row);
+    }
+    ui->treeHREFReplacePathPreview->addTopLevelItems(rows);
+}
+
+QMap<QString, QString> DlgNodeTools::ReadHREFPathMap() const
+{
+    QMap<QString, QString> map;
+    for (const QStringList& parts : readPathMapLines(ui->edtHREFReplacePathMapFile->text())) {
+        const QString key = parts.at(0).toLower();
+        if (!map.contains(key))
+            map.insert(key, parts.at(1).toLower());
+    }
+    return map;
+}
+
+void DlgNodeTools::OnSelectBaseDirFolderClicked()
+{
+    // The host's own start folder where there is one; elsewhere the current
+    // data folder is the better place to begin.
+    const QString windowsRoot = QStringLiteral("C:\\");
+    const QString start = QDir(windowsRoot).exists() ? windowsRoot : dataDirectory;
+    const QString dir = QFileDialog::getExistingDirectory(
+        this, tr("Basisdaten-Verzeichnis"), start, QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
+    if (!dir.isEmpty() && QDir(dir).exists()) {
+        dataDirectory = dir;
+        ui->edtProjectRootDir->setText(QDir::toNativeSeparators(dir));
+    }
+    colourDataDirectory();
+}
+
+void DlgNodeTools::OnSelectNewHREFLinkTargetClicked()
+{
+    const QString file
+        = QFileDialog::getOpenFileName(this, tr("Select new Link Target"), dataDirectory, QStringLiteral("*.*"));
+    if (!file.isEmpty())
+        ui->edtDuplicateHREFNewLinkTarget->setText(QDir::toNativeSeparators(file));
+}
+
+void DlgNodeTools::OnSelectHREFReplacePathMapFileClicked()
+{
+    const QString file
+        = QFileDialog::getOpenFileName(this, tr("Select map file"), dataDirectory, QStringLiteral("*.csv"));
+    if (!file.isEmpty())
+        ui->edtHREFReplacePathMapFile->setText(QDir::toNativeSeparators(file));
+    refreshPathMapPreview();
+}
+
+void DlgNodeTools::OnAccepted()
+{
+    if (nodeTree)
+        nodeTree->SaveSettings();
+    saveSettings();
+    accept();
+}
+
+void DlgNodeTools::OnRejected()
+{
+    reject();
+}
+
+QStringList DlgNodeTools::GetFilesOfCheckedNodes() const
+{
+    QStringList files;
+    if (!nodeTree)
+        return files;
+    QList<ItemInfo*> items;
+    nodeTree->GetCheckedItems(items);
+    for (ItemInfo* item : qAsConst(items)) {
+        if (const auto* node = dynamic_cast<const NodeInfo*>(item))
+            node->GetFilesForZone(node->Zone(), files);
+    }
+    files.removeDuplicates();
+    return files;
+}
+
+int DlgNodeTools::GetOperationId() const
+{
+    return ui->cbxNodeOperationSelect->currentIndex();
+}
+bool DlgNodeTools::GetDoBackup() const
+{
+    return ui->chkbDoBackup->isChecked();
+}
+bool DlgNodeTools::GetCategoryFilterEnabled() const
+{
+    return ui->gbxFilterByAnnotationCategory->isChecked();
+}
+QString DlgNodeTools::GetCategoryFilter() const
+{
+    return ui->edtCategoryFilter->text();
+}
+bool DlgNodeTools::GetNameFilterEnabled() const
+{
+    return ui->gbxFilterByAnnotationName->isChecked();
+}
+QString DlgNodeTools::GetNameFilterExpression() const
+{
+    return ui->edtNameFilterExpression->text();
+}
+bool DlgNodeTools::GetIgnorePathOnCompare() const
+{
+    return ui->chkbReplaceDescIgnorePathOnCompare->isChecked();
+}
+QString DlgNodeTools::GetNewHREFTarget() const
+{
+    return ui->edtDuplicateHREFNewLinkTarget->text();
+}
+QString DlgNodeTools::GetHREFReplacePathMapFile() const
+{
+    return ui->edtHREFReplacePathMapFile->text();
+}
+bool DlgNodeTools::GetSetName() const
+{
+    return ui->gbxSAPName->isChecked();
+}
+QString DlgNodeTools::GetName() const
+{
+    return ui->edtSAPName->text();
+}
+bool DlgNodeTools::GetSetText() const
+{
+    return ui->gbxSAPText->isChecked();
+}
+QString DlgNodeTools::GetText() const
+{
+    return ui->edtSAPText->text();
+}
+bool DlgNodeTools::GetSetDimensions() const
+{
+    return ui->gbxSAPPosition->isChecked();
+}
+int DlgNodeTools::GetTargetZone() const
+{
+    return ui->cbxChangeHREFTypeTargetZone->currentIndex();
+}
+bool DlgNodeTools::GetUseTargetIndexFilter() const
+{
+    return ui->gbxModifyTargetTargetFilter->isChecked();
+}
+unsigned DlgNodeTools::GetTargetIndex() const
+{
+    return ui->edtlAnnModifyTargetFilterTargetIndex->text().toUInt();
+}
+bool DlgNodeTools::GetUseEnvFactor() const
+{
+    return ui->chkAnnModifyTargetEnvFactor->isChecked();
+}
+float DlgNodeTools::GetEnvFactor() const
+{
+    return ui->edtAnnModifyTargetsEnvFactor->text().toFloat();
+}
+int DlgNodeTools::GetPageDelta() const
+{
+    return ui->sbxPageCount->value();
+}
+
+AnnotationDimensionOptions DlgNodeTools::GetDimensionOptions() const
+{
+    AnnotationDimensionOptions options;
+    options.fromOtherAnnotation = ui->rbtnSAPSetDimensionsFromOtherAnnotation->isChecked();
+    options.templateName = ui->edtSAPDimensionsTemplateAnnotation->text();
+    options.setLeftOffset = ui->chkSAPSetDimensionsLeftOffset->isChecked();
+    options.setWidth = ui->chkSAPSetDimensionsWidth->isChecked();
+    options.setHeight = ui->chkSAPSetDimensionsHeight->isChecked();
+    options.heightTopwards = ui->chkSAPSetDimensionsHeightTopwardsMode->isChecked();
+    return options;
+}

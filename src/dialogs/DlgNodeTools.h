@@ -1,0 +1,131 @@
+#ifndef KAMO_TOOLS_DLGNODETOOLS_H
+#define KAMO_TOOLS_DLGNODETOOLS_H
+
+#include "kamo_tools_export.h"
+#include "nodetools/AnnotationDimensionOptions.h"
+
+#include <QDialog>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+class CheckableTree;
+class GalleryInfo;
+class NodeInfo;
+class ParticipantInfo;
+class QSettings;
+class TableInfo;
+class TreeWidget;
+
+namespace Ui {
+class DlgNodeTools;
+}
+
+// Chooses a node-tools operation, the nodes it works on and its options.
+// Only the tabs the chosen operation uses are shown. The values are kept in
+// the host's settings when the user confirms; running the operation is the
+// business of DialogNodeTools.
+class KAMO_TOOLS_EXPORT DlgNodeTools : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // Positions of the option tabs in the form.
+    enum OptionTab {
+        TabNodeFilter,
+        TabAnnotationFilter,
+        TabReplaceLinkDesc,
+        TabDuplicateHREF,
+        TabHREFPath,
+        TabSetAnnotationProperties,
+        TabChangeHREFType,
+        TabModifyTargets,
+        TabPageNumber,
+        OptionTabCount
+    };
+    static constexpr int OperationCount = 11;
+    // The option tabs of operation `id`, ascending; none for an unknown id.
+    static QList<int> TabsOfOperation(int id);
+
+    explicit DlgNodeTools(QWidget* parent = nullptr);
+    ~DlgNodeTools() override;
+
+    void SetProjectId(const QString& id) { projectId = id; }
+    void SetProjectName(const QString& name) { projectName = name; }
+    void SetDataDirectory(const QString& dir) { dataDirectory = dir; }
+    void SetSourceTree(TreeWidget* tree) { sourceTree = tree; }
+    void SetNodesMap(QMap<int, NodeInfo*>* map) { nodes = map; }
+    void SetParticipantsMap(QMap<int, ParticipantInfo*>* map) { participants = map; }
+    void SetGalleryMap(QMap<int, GalleryInfo*>* map) { galleries = map; }
+    void SetTableMap(QMap<int, TableInfo*>* map) { tables = map; }
+    void SetSettings(QSettings* store) { settings = store; }
+
+    // Builds a new node tree from the source tree and puts every widget
+    // into its stored (or initial) state.
+    void Initialize();
+    void ShowProjectData();
+
+    QString GetDataDirectory() const { return dataDirectory; }
+    int GetOperationId() const;
+    bool GetDoBackup() const;
+    bool GetCategoryFilterEnabled() const;
+    QString GetCategoryFilter() const;
+    bool GetNameFilterEnabled() const;
+    QString GetNameFilterExpression() const;
+    bool GetIgnorePathOnCompare() const;
+    QString GetNewHREFTarget() const;
+    QString GetHREFReplacePathMapFile() const;
+    bool GetSetName() const;
+    QString GetName() const;
+    bool GetSetText() const;
+    QString GetText() const;
+    bool GetSetDimensions() const;
+    AnnotationDimensionOptions GetDimensionOptions() const;
+    int GetTargetZone() const;
+    bool GetUseTargetIndexFilter() const;
+    unsigned GetTargetIndex() const;
+    bool GetUseEnvFactor() const;
+    float GetEnvFactor() const;
+    int GetPageDelta() const;
+
+    // Documents of the checked nodes in the zone each node is shown in,
+    // without repeats.
+    QStringList GetFilesOfCheckedNodes() const;
+    // The path map file as the tool takes it: old path -> new path, both in
+    // lower case, the first line for a path winning. Empty when the file is
+    // missing or unreadable.
+    QMap<QString, QString> ReadHREFPathMap() const;
+
+    CheckableTree* GetNodeTree() const { return nodeTree; }
+
+public Q_SLOTS:
+    void OnCurrentOptionsTabChanged(int index);
+    void OnSelectBaseDirFolderClicked();
+    void OnOperationIdChanged(int index);
+    void OnSelectNewHREFLinkTargetClicked();
+    void OnSelectHREFReplacePathMapFileClicked();
+    void OnAccepted();
+    void OnRejected();
+
+private:
+    void colourDataDirectory();
+    void refreshPathMapPreview();
+    void restoreSettings();
+    void saveSettings();
+
+    Ui::DlgNodeTools* ui;
+    QMap<int, QString> tabTitles;
+    QMap<int, QWidget*> tabPages;
+    CheckableTree* nodeTree = nullptr;
+    QString projectId;
+    QString projectName;
+    QString dataDirectory;
+    TreeWidget* sourceTree = nullptr;
+    QMap<int, NodeInfo*>* nodes = nullptr;
+    QMap<int, ParticipantInfo*>* participants = nullptr;
+    QMap<int, GalleryInfo*>* galleries = nullptr;
+    QMap<int, TableInfo*>* tables = nullptr;
+    QSettings* settings = nullptr;
+};
+
+#endif

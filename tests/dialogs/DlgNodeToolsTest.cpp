@@ -1,0 +1,356 @@
+#include "TestProject.h"
+
+#include <dialogs/DialogNodeTools.h>
+#include <dialogs/DlgNodeTools.h>
+
+#include <CheckableTree.h>
+#include <NodeFileInfo.h>
+#include <NodeInfo.h>
+#include <TreeWidget.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QSettings>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+#include <functional>
+
+namespace {
+
+// Answers the modal windows that a call opens, one handler per window in
+// the order they come; progress dialogs are let be.
+class ModalDriver : public QObject
+{
+public:
+    using Handler = std::function<void(QWidget*)>;
+
+    ModalDriver()
+    {
+        connect(&timer, &QTimer::timeout, this, &ModalDriver::poll);
+        timer.start(10);
+    }
+    void Expect(const char* className, Handler handler) { steps.append({ className, std::move(handler) }); }
+    QStringList Seen() const { return seen; }
+
+private:
+    void poll()
+    {
+        QWidget* window = QApplication::activeModalWidget();
+        if (!window || steps.isEmpty() || !window->inherits(steps.first().className))
+            return;
+        const Step step = steps.takeFirst();
+        seen.append(window->metaObject()->className());
+        step.handler(window);
+    }
+
+    struct Step {
+        const char* className;
+        Handler handler;
+    };
+    QTimer timer;
+    QList<Step> steps;
+    QStringList seen;
+};
+
+template <typename T> T* child(QWidget* parent, const char* name)
+{
+    T* widget = parent->findChild<T*>(name);
+    if (!widget)
+        qFatal("no widget %s", name);
+    return widget;
+}
+
+QStringList tabTitles(QWidget* dialog)
+{
+    QStringList titles;
+    auto* tabs = child<QTabWidget>(dialog, "tabOptions");
+    for (int i = 0; i < tabs->count(); ++i)
+        titles.append(tabs->tabText(i));
+    return titles;
+}
+
+QString splitLink(const QString& path)
+{
+    const QString record = StandardLink(path + Z + path, "1" + Z + "2");
+    return "HREF=" + S + record;
+}
+
+// A project of one node with one document, and the host objects that
+// describe it.
+struct Host {
+    Host()
+        : node(1, "Kanal Nord")
+        , settings(project.Root() + "/host.ini", QSettings::IniFormat)
+    {
+        node.SetDocuments(1, { "C:\\Projekte\\PDF\\Plan.pdf" });
+        nodes.insert(1, &node);
+        tree.ShowProject(nodes, { 1 });
+    }
+    void Setup(DialogNodeTools& tools, const QString& root)
+    {
+        tools.SetProjectId("P-1");
+        tools.SetProjectName("Kanal");
+        tools.SetProjectRootDir(root);
+        tools.SetSettings(&settings);
+        tools.SetSourceTreeWidget(&tree);
+        tools.SetNodesMap(&nodes);
+        tools.SetFilesMap(&files);
+    }
+    TestProject project;
+    NodeInfo node;
+    QMap<int, NodeInfo*> nodes;
+    QMap<QString, NodeFileInfo> files;
+    TreeWidget tree;
+    QSettings settings;
+};
+
+// Chooses `operation`, checks every node and confirms.
+ModalDriver::Handler confirm(int operation, std::function<void(QWidget*)> adjust = {})
+{
+    return [operation, adjust](QWidget* window) {
+        auto* dialog = static_cast<DlgNodeTools*>(window);
+        child<QComboBox>(dialog, "cbxNodeOperationSelect")->setCurrentIndex(operation);
+        dialog->GetNodeTree()->SetAllChecked(true);
+        if (adjust)
+            adjust(dialog);
+        dialog->OnAccepted();
+    };
+}
+
+ModalDriver::Handler readBox(QString* title, QString* text)
+{
+    return [title, text](QWidget* window) {
+        auto* box = static_cast<QMessageBox*>(window);
+        *title = box->windowTitle();
+        *text = box->text();
+        box->accept();
+    };
+}
+
+} // namespace
+
+class DlgNodeToolsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tabsFollowTheOperation_data();
+    void tabsFollowTheOperation();
+    void valuesAreSavedOnOkOnlyAndRestored();
+    void pathMapFileIsReadFirstLineWinning_data();
+    void pathMapFileIsReadFirstLineWinning();
+    void showModalRunsTheOperationAndShowsTheChangedCount();
+    void showModalStopsBeforeTheRun_data();
+    void showModalStopsBeforeTheRun();
+    void categoryFilterReachesOperationWithoutFilterTab();
+};
+
+void DlgNodeToolsTest::tabsFollowTheOperation_data()
+{
+    QTest::addColumn<int>("operation");
+    QTest::addColumn<QStringList>("titles");
+    const QString nodes = "Knotenauswahl";
+    const QString filter = "Filter: Verknüpfungen";
+    QTest::newRow("0 names") << 0 << QStringList { "Optionen: Bezeichnungen abgleichen" };
+    QTest::newRow("1 remove") << 1 << QStringList { nodes, filter };
+    QTest::newRow("2 duplicate") << 2 << QStringList { nodes, filter, "Optionen: HREF Duplizieren" };
+    QTest::newRow("4 pins") << 4 << QStringList { nodes };
+    QTest::newRow("5 paths") << 5 << QStringList { nodes, "Optionen: HREF Pfad umsetzen" };
+    QTest::newRow("6 properties") << 6 << QStringList { nodes, filter, "Verknüpfungen: Eigenschaften setzen" };
+    QTest::newRow("7 analysis") << 7 << QStringList {};
+    QTest::newRow("8 to standard") << 8 << QStringList { nodes, "Verknüpfungen: Typ ändern" };
+    QTest::newRow("9 targets") << 9 << QStringList { nodes, filter, "Verknüpfungen: Ziel anpassen" };
+    QTest::newRow("10 pages") << 10 << QStringList { nodes, filter, "Verknüpfungen: Seitennummer anpassen" };
+}
+
+void DlgNodeToolsTest::tabsFollowTheOperation()
+{
+    QFETCH(int, operation);
+    QFETCH(QStringList, titles);
+    DlgNodeTools dialog;
+    // From another operation, so that every switch rebuilds the tabs.
+    child<QComboBox>(&dialog, "cbxNodeOperationSelect")->setCurrentIndex(operation == 3 ? 2 : 3);
+    child<QComboBox>(&dialog, "cbxNodeOperationSelect")->setCurrentIndex(operation);
+    QCOMPARE(tabTitles(&dialog), titles);
+}
+
+void DlgNodeToolsTest::valuesAreSavedOnOkOnlyAndRestored()
+{
+    Host host;
+    const auto open = [&host](DlgNodeTools& dialog) {
+        dialog.SetProjectId("P-1");
+        dialog.SetSourceTree(&host.tree);
+        dialog.SetSettings(&host.settings);
+        dialog.Initialize();
+    };
+    const auto change = [](DlgNodeTools& dialog) {
+        child<QComboBox>(&dialog, "cbxNodeOperationSelect")->setCurrentIndex(9);
+        child<QGroupBox>(&dialog, "gbxFilterByAnnotationCategory")->setChecked(true);
+        child<QLineEdit>(&dialog, "edtCategoryFilter")->setText("Kanal");
+        child<QLineEdit>(&dialog, "edtlAnnModifyTargetFilterTargetIndex")->setText("7");
+        child<QLineEdit>(&dialog, "edtAnnModifyTargetsEnvFactor")->setText("2.5");
+        dialog.GetNodeTree()->SetAllChecked(true);
+    };
+    {
+        DlgNodeTools dialog;
+        open(dialog);
+        QCOMPARE(child<QLineEdit>(&dialog, "edtlAnnModifyTargetFilterTargetIndex")->text(), "0");
+        QCOMPARE(child<QLineEdit>(&dialog, "edtAnnModifyTargetsEnvFactor")->text(), "1");
+        QCOMPARE(child<QLineEdit>(&dialog, "edtCategoryFilter")->text(), "_unbenannt");
+        change(dialog);
+        dialog.OnRejected();
+    }
+    // Cancel left only the geometry behind, which every closing writes.
+    QCOMPARE(host.settings.allKeys(), QStringList { "NodeToolsDialog/NodeToolsDlg_geometry" });
+    {
+        DlgNodeTools dialog;
+        open(dialog);
+        change(dialog);
+        dialog.OnAccepted();
+    }
+    QCOMPARE(host.settings.value("NodeToolsDialog/LastOperationIndex").toInt(), 9);
+    QCOMPARE(host.settings.value("NodeToolsDialog/CTPTargetFilterIndex").toUInt(), 7u);
+    QCOMPARE(host.settings.value("NodeToolsDialog/CTPTargetEnvFactor").toFloat(), 2.5f);
+
+    DlgNodeTools dialog;
+    open(dialog);
+    QCOMPARE(tabTitles(&dialog).size(), 3);
+    QVERIFY(child<QGroupBox>(&dialog, "gbxFilterByAnnotationCategory")->isChecked());
+    QCOMPARE(dialog.GetCategoryFilter(), "Kanal");
+    QCOMPARE(dialog.GetTargetIndex(), 7u);
+    QCOMPARE(child<QLineEdit>(&dialog, "edtAnnModifyTargetsEnvFactor")->text(), "2.5");
+    QCOMPARE(dialog.GetFilesOfCheckedNodes(), QStringList { "C:\\Projekte\\PDF\\Plan.pdf" });
+}
+
+void DlgNodeToolsTest::pathMapFileIsReadFirstLineWinning_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("previewRows");
+    QTest::addColumn<QStringList>("pairs"); // key, value, key, value, ...
+    QTest::newRow("two lines") << QByteArray("C:\\A\\P1.PDF,C:\\B\\P1.PDF\r\nC:\\A\\P2.pdf,D:\\p2.pdf\r\n") << 2
+                               << QStringList { "c:\\a\\p1.pdf", "c:\\b\\p1.pdf", "c:\\a\\p2.pdf", "d:\\p2.pdf" };
+    QTest::newRow("third field ignored") << QByteArray("a,b,c\n") << 1 << QStringList { "a", "b" };
+    QTest::newRow("line without comma") << QByteArray("a\nb,c\n") << 1 << QStringList { "b", "c" };
+    QTest::newRow("first line for a path wins") << QByteArray("A,x\na,y\n") << 2 << QStringList { "a", "x" };
+    QTest::newRow("empty new path") << QByteArray("a,\n") << 1 << QStringList { "a", "" };
+}
+
+void DlgNodeToolsTest::pathMapFileIsReadFirstLineWinning()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(int, previewRows);
+    QFETCH(QStringList, pairs);
+    TestProject project;
+    project.Write("map.csv", content);
+    DlgNodeTools dialog;
+    child<QComboBox>(&dialog, "cbxNodeOperationSelect")->setCurrentIndex(5);
+    child<QLineEdit>(&dialog, "edtHREFReplacePathMapFile")
+        ->setText(QDir::toNativeSeparators(project.DataPath("map.csv")));
+    child<QTabWidget>(&dialog, "tabOptions")->setCurrentIndex(1);
+
+    QCOMPARE(child<QTreeWidget>(&dialog, "treeHREFReplacePathPreview")->topLevelItemCount(), previewRows);
+    QMap<QString, QString> expected;
+    for (int i = 0; i + 1 < pairs.size(); i += 2)
+        expected.insert(pairs.at(i), pairs.at(i + 1));
+    QCOMPARE(dialog.ReadHREFPathMap(), expected);
+}
+
+void DlgNodeToolsTest::showModalRunsTheOperationAndShowsTheChangedCount()
+{
+    Host host;
+    const QByteArray before = HostText({ "ANN=2", "BO", "NA=S1", splitLink("x.pdf"), "EO" });
+    host.project.Write("Plan.ann", before);
+    host.project.Write("Lose.ann", before); // no node's document: stays
+    QString nodeShown;
+    QString title;
+    QString text;
+    ModalDriver driver;
+    driver.Expect("DlgNodeTools", confirm(1, [&nodeShown](QWidget* dialog) {
+        nodeShown = child<QTreeWidget>(dialog, "CheckableTree")->topLevelItem(0)->text(0);
+    }));
+    driver.Expect("QMessageBox", readBox(&title, &text));
+    DialogNodeTools tools(nullptr);
+    host.Setup(tools, host.project.Root());
+    tools.ShowModal();
+    QCOMPARE(driver.Seen(), (QStringList { "DlgNodeTools", "QMessageBox" }));
+    QCOMPARE(nodeShown, "Kanal Nord");
+    QCOMPARE(title, "Vorgang abgeschlossen");
+    QCOMPARE(text, "Dateien verändert: 1");
+    QCOMPARE(host.project.Read("Plan.ann"), HostText({ "ANN=2", "BO", "NA=S1", "EO" }));
+    QCOMPARE(host.project.Read("Lose.ann"), before);
+    const QStringList backups = QDir(host.project.DataPath("ann_sic")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    QCOMPARE(backups.size(), 1);
+    QFile log(host.project.DataPath("ann_sic/" + backups.first() + "/nodeToolOperation.log"));
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    QVERIFY(log.readAll().contains("Node Tool Operation: 1\nSource: " + host.project.Root().toUtf8()));
+}
+
+void DlgNodeToolsTest::showModalStopsBeforeTheRun_data()
+{
+    QTest::addColumn<bool>("missingDirectory");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("missing data directory") << true << "Data directory:\n\n'%1'\n\ninvalid";
+    QTest::newRow("backup fails") << false << "Error creating backup";
+}
+
+void DlgNodeToolsTest::showModalStopsBeforeTheRun()
+{
+    QFETCH(bool, missingDirectory);
+    QFETCH(QString, message);
+    Host host;
+    const QByteArray before = HostText({ "BO", splitLink("x.pdf"), "EO" });
+    host.project.Write("Plan.ann", before);
+    // A file where the backup folder belongs makes the backup fail.
+    host.project.Write("ann_sic", "");
+    const QString root = missingDirectory ? host.project.Root() + "/gone" : host.project.Root();
+
+    QString title;
+    QString text;
+    ModalDriver driver;
+    driver.Expect("DlgNodeTools", confirm(1));
+    driver.Expect("QMessageBox", readBox(&title, &text));
+    DialogNodeTools tools(nullptr);
+    host.Setup(tools, root);
+    tools.ShowModal();
+    QCOMPARE(driver.Seen(), (QStringList { "DlgNodeTools", "QMessageBox" }));
+    QCOMPARE(title, "Kamo");
+    QCOMPARE(text, missingDirectory ? message.arg(root) : message);
+    QCOMPARE(host.project.Read("Plan.ann"), before);
+    // OK was pressed: the values count even though nothing ran.
+    QCOMPARE(host.settings.value("NodeToolsDialog/LastOperationIndex").toInt(), 1);
+}
+
+void DlgNodeToolsTest::categoryFilterReachesOperationWithoutFilterTab()
+{
+    Host host;
+    const QString kanal = splitLink("k.pdf");
+    const QString strom = splitLink("s.pdf");
+    host.project.Write("Plan.ann", HostText({ "ANN=2", "BO", "KA=Kanal", kanal, "EO", "BO", "KA=Strom", strom, "EO" }));
+    QString text;
+    QString title;
+    ModalDriver driver;
+    driver.Expect("DlgNodeTools", confirm(8, [](QWidget* dialog) {
+        QVERIFY(!tabTitles(dialog).contains("Filter: Verknüpfungen"));
+        child<QGroupBox>(dialog, "gbxFilterByAnnotationCategory")->setChecked(true);
+        child<QLineEdit>(dialog, "edtCategoryFilter")->setText("Kanal");
+    }));
+    driver.Expect("QMessageBox", readBox(&title, &text));
+    DialogNodeTools tools(nullptr);
+    host.Setup(tools, host.project.Root());
+    tools.ShowModal();
+
+    QCOMPARE(text, "Dateien verändert: 1");
+    const QString after = QString::fromUtf8(host.project.Read("Plan.ann"));
+    QVERIFY(!after.contains(kanal));
+    QVERIFY(after.contains(strom));
+}
+
+QTEST_MAIN(DlgNodeToolsTest)
+#include "DlgNodeToolsTest.moc"
