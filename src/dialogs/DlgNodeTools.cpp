@@ -10,6 +10,7 @@
 #include <QDoubleValidator>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QIntValidator>
 #include <QSettings>
 #include <QTextStream>
@@ -93,6 +94,9 @@ DlgNodeTools::DlgNodeTools(QWidget* parent)
     , ui(new Ui::DlgNodeTools)
 {
     ui->setupUi(this);
+
+    // Old and new paths are alike in length: each column gets half.
+    ui->treeHREFReplacePathPreview->header()->setSectionResizeMode(QHeaderView::Stretch);
 
     ui->edtlAnnModifyTargetFilterTargetIndex->setValidator(new QIntValidator(0, 99, this));
     // The factor is read back with QString::toFloat, which knows only the
