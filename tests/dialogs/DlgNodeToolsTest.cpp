@@ -146,6 +146,7 @@ private Q_SLOTS:
     void valuesAreSavedOnOkOnlyAndRestored();
     void pathMapFileIsReadFirstLineWinning_data();
     void pathMapFileIsReadFirstLineWinning();
+    void typedDataDirectoryIsUsedAndRedWhenMissing();
     void showModalRunsTheOperationAndShowsTheChangedCount();
     void showModalStopsBeforeTheRun_data();
     void showModalStopsBeforeTheRun();
@@ -260,6 +261,24 @@ void DlgNodeToolsTest::pathMapFileIsReadFirstLineWinning()
     for (int i = 0; i + 1 < pairs.size(); i += 2)
         expected.insert(pairs.at(i), pairs.at(i + 1));
     QCOMPARE(dialog.ReadHREFPathMap(), expected);
+}
+
+void DlgNodeToolsTest::typedDataDirectoryIsUsedAndRedWhenMissing()
+{
+    TestProject project;
+    DlgNodeTools dialog;
+    dialog.SetDataDirectory(project.Root());
+    dialog.ShowProjectData();
+    auto* field = child<QLineEdit>(&dialog, "edtProjectRootDir");
+    const QColor normal = field->palette().color(QPalette::Text);
+    QVERIFY(normal != QColor(Qt::red));
+
+    field->selectAll();
+    QTest::keyClicks(field, project.Root() + "/Dat");
+    QCOMPARE(field->palette().color(QPalette::Text), QColor(Qt::red));
+    QTest::keyClicks(field, "en");
+    QCOMPARE(field->palette().color(QPalette::Text), normal);
+    QCOMPARE(dialog.GetDataDirectory(), project.DataDir());
 }
 
 void DlgNodeToolsTest::showModalRunsTheOperationAndShowsTheChangedCount()
