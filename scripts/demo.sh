@@ -1,6 +1,7 @@
 #!/bin/sh
-# Installs what is missing, builds, and runs the node tools on a copy of the
-# bundled sample project, showing what each operation changed.
+# Installs what is missing, builds, and shows the tools on a copy of the
+# bundled sample project: with a display in the demo host window, without one
+# on the command line, showing what each operation changed.
 set -eu
 cd "$(dirname "$0")/.."
 export LC_ALL=C.UTF-8
@@ -13,6 +14,12 @@ tool="$PWD/build/bin/kamo-tools"
 work=$(mktemp -d)
 project="$work/Musterstadt-Kanalsanierung"
 cp -r sample/Musterstadt-Kanalsanierung "$work/"
+
+# The copy's own settings file keeps the user's settings out of the demo.
+if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
+    echo "Demo host on $project (the sample itself stays untouched)"
+    exec "$PWD/build/bin/kamo-host" --settings "$work/kamo-host.ini" "$project"
+fi
 
 # Link fields are separated by control characters; show them as symbols.
 visible() {

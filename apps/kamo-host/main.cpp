@@ -1,0 +1,112 @@
+#include "MainWindow.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTextStream>
+#include <QTimer>
+#include <QTranslator>
+
+namespace {
+
+QTextStream& err()
+{
+    static QTextStream stream(stderr);
+    return stream;
+}
+
+// The library's translation is a resource the library registers when it is
+// loaded; Qt's own covers the standard buttons and file dialogs.
+void installTranslations(QApplication& app, const QString& language)
+{
+    auto* tools = new QTranslator(&app);
+    if (tools->load(QStringLiteral(":/kamo_tools/kamo_tools_%1.qm").arg(language)))
+        app.installTranslator(tools);
+    else
+        err() << QStringLiteral("kamo-host: no translation of the tools for \"%1\"").arg(language) << Qt::endl;
+    auto* qt = new QTranslator(&app);
+    if (qt->load(QStringLiteral("qtbase_%1").arg(language), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+        app.installTranslator(qt);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("kamo-host"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Kamo Demo"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Demo host for the kamo_tools library: shows a project and opens "
+                                                    "the library's tools on it."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("project-folder"),
+        QStringLiteral("Folder with Projekt.json; default: the project opened last."),
+        QStringLiteral("[project-folder]"));
+    const QCommandLineOption settingsOption(QStringLiteral("settings"),
+        QStringLiteral("Settings file (INI) instead of the user's kamo-host.ini."), QStringLiteral("FILE"));
+    const QCommandLineOption languageOption(
+        QStringLiteral("lang"), QStringLiteral("Language of the tools, e.g. de."), QStringLiteral("LANGUAGE"));
+    const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
+        QStringLiteral("Save a PNG image of the window to FILE and quit."), QStringLiteral("FILE"));
+    parser.addOptions({ settingsOption, languageOption, screenshotOption });
+    parser.process(app);
+
+    if (parser.positionalArguments().size() > 1) {
+        err() << QStringLiteral("kamo-host: at most one project folder") << Qt::endl;
+        return 2;
+    }
+    if (parser.isSet(languageOption))
+        installTranslations(app, parser.value(languageOption));
+
+    const QString settingsPath = parser.isSet(settingsOption)
+        ? parser.value(settingsOption)
+        : QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + QStringLiteral("/kamo-host.ini");
+    QSettings settings(settingsPath, QSettings::IniFormat);
+
+    MainWindow window(&settings);
+    window.RestoreWindowState();
+
+    const QString screenshot = parser.value(screenshotOption);
+    QString folder = parser.positionalArguments().value(0);
+    // Pointing at the description itself is as good as pointing at its folder.
+    if (QFileInfo(folder).isFile())
+        folder = QFileInfo(folder).absolutePath();
+
+    if (folder.isEmpty()) {
+        // A last project that has gone away since is no reason to complain.
+        const QString last = window.LastProject();
+        if (!last.isEmpty())
+            window.LoadProject(last);
+    } else if (!screenshot.isEmpty()) {
+        QString error;
+        if (!window.LoadProject(folder, &error)) {
+            err() << QStringLiteral("kamo-host: %1").arg(error) << Qt::endl;
+            return 1;
+        }
+    }
+    window.show();
+
+    if (!screenshot.isEmpty()) {
+        // Grabbed from the event loop, once the window has been laid out.
+        int result = 1;
+        QTimer::singleShot(200, &window, [&]() {
+            if (window.grab().save(screenshot, "PNG"))
+                result = 0;
+            else
+                err() << QStringLiteral("kamo-host: cannot write %1").arg(QDir::toNativeSeparators(screenshot))
+                      << Qt::endl;
+            window.close();
+        });
+        app.exec();
+        return result;
+    }
+    if (!folder.isEmpty())
+        window.OpenProject(folder);
+    return app.exec();
+}
