@@ -84,7 +84,7 @@ MainWindow::MainWindow(QSettings* settings, QWidget* parent)
     quit->setShortcut(QKeySequence::Quit);
 
     toolsMenu = menuBar()->addMenu(QStringLiteral("&Werkzeuge"));
-    addTool(QStringLiteral("&Knotenwerkzeuge…"), &MainWindow::openNodeTools);
+    addTool(QStringLiteral("node-tools"), QStringLiteral("&Knotenwerkzeuge…"), &MainWindow::openNodeTools);
 
     connect(tree, &QTreeWidget::currentItemChanged, this, &MainWindow::showDetails);
     updateProjectState();
@@ -97,12 +97,24 @@ MainWindow::~MainWindow()
     tree->clear();
 }
 
-QAction* MainWindow::addTool(const QString& text, void (MainWindow::*run)())
+QAction* MainWindow::addTool(const QString& id, const QString& text, void (MainWindow::*run)())
 {
     QAction* action = toolsMenu->addAction(text, this, run);
+    action->setObjectName(id);
     projectActions.append(action);
     action->setEnabled(project != nullptr);
     return action;
+}
+
+bool MainWindow::RunTool(const QString& id)
+{
+    for (QAction* action : toolsMenu->actions()) {
+        if (action->objectName() == id && action->isEnabled()) {
+            action->trigger();
+            return true;
+        }
+    }
+    return false;
 }
 
 bool MainWindow::LoadProject(const QString& root, QString* error)

@@ -40,6 +40,9 @@ public:
     QString LastProject() const;
 
     TreeWidget* Tree() const { return tree; }
+    // Runs the tool `id` ("node-tools") as its menu entry does; false when
+    // there is no such tool or no project is open.
+    bool RunTool(const QString& id);
     // What the details pane shows for the selected item.
     QString DetailsText() const;
 
@@ -53,7 +56,7 @@ protected:
 private:
     // One entry of the "Werkzeuge" menu; it is enabled while a project is
     // open.
-    QAction* addTool(const QString& text, void (MainWindow::*run)());
+    QAction* addTool(const QString& id, const QString& text, void (MainWindow::*run)());
     void chooseProject();
     void openNodeTools();
     void showDetails();

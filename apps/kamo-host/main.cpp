@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDialog>
 #include <QDir>
 #include <QFileInfo>
 #include <QLibraryInfo>
@@ -54,7 +55,11 @@ int main(int argc, char* argv[])
         QStringLiteral("lang"), QStringLiteral("Language of the tools, e.g. de."), QStringLiteral("LANGUAGE"));
     const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
         QStringLiteral("Save a PNG image of the window to FILE and quit."), QStringLiteral("FILE"));
-    parser.addOptions({ settingsOption, languageOption, screenshotOption });
+    const QCommandLineOption toolOption(QStringLiteral("open"),
+        QStringLiteral("Open a tool of the Werkzeuge menu at start: node-tools. With --screenshot, the tool's "
+                       "dialog is saved instead of the window."),
+        QStringLiteral("TOOL"));
+    parser.addOptions({ settingsOption, languageOption, screenshotOption, toolOption });
     parser.process(app);
 
     if (parser.positionalArguments().size() > 1) {
@@ -92,15 +97,35 @@ int main(int argc, char* argv[])
     }
     window.show();
 
+    const QString tool = parser.value(toolOption);
     if (!screenshot.isEmpty()) {
-        // Grabbed from the event loop, once the window has been laid out.
         int result = 1;
-        QTimer::singleShot(200, &window, [&]() {
-            if (window.grab().save(screenshot, "PNG"))
+        const auto save = [&](QWidget* widget) {
+            if (widget->grab().save(screenshot, "PNG"))
                 result = 0;
             else
                 err() << QStringLiteral("kamo-host: cannot write %1").arg(QDir::toNativeSeparators(screenshot))
                       << Qt::endl;
+        };
+        // Grabbed from the event loop, once the window has been laid out. A
+        // tool's dialog runs its own loop: a timer grabs and closes it there.
+        QTimer::singleShot(200, &window, [&]() {
+            if (!tool.isEmpty()) {
+                QTimer poll;
+                QObject::connect(&poll, &QTimer::timeout, [&]() {
+                    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+                    if (!dialog)
+                        return;
+                    poll.stop();
+                    save(dialog);
+                    dialog->reject();
+                });
+                poll.start(300);
+                if (!window.RunTool(tool))
+                    err() << QStringLiteral("kamo-host: cannot open the tool \"%1\"").arg(tool) << Qt::endl;
+            } else {
+                save(&window);
+            }
             window.close();
         });
         app.exec();
@@ -108,5 +133,7 @@ int main(int argc, char* argv[])
     }
     if (!folder.isEmpty())
         window.OpenProject(folder);
+    if (!tool.isEmpty())
+        QTimer::singleShot(0, &window, [&]() { window.RunTool(tool); });
     return app.exec();
 }
