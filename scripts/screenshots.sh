@@ -33,4 +33,7 @@ LastOperationIndex=1
 INI
 shot "$work/node-tools.ini" --open node-tools --screenshot "$images/dlg-node-tools.png"
 
+# The analysis result, filled from the sample project by the dialog's test.
+KAMO_SCREENSHOT_DIR=$images "$bin/DlgAnalyzeProjectTest" showResultOpensTheFilledDialog >/dev/null 2>&1
+
 echo "screenshots: written to $images"

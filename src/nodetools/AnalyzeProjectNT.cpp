@@ -1,5 +1,6 @@
 #include "nodetools/AnalyzeProjectNT.h"
 
+#include "dialogs/DlgAnalyzeProject.h"
 #include "nodetools/AnnotationFileProcessor.h"
 #include "nodetools/ProgressCallback.h"
 
@@ -99,7 +100,14 @@ void AnalyzeProjectNT::Execute()
 
 void AnalyzeProjectNT::ShowResult(QWidget* parent)
 {
-    Q_UNUSED(parent)
+    DlgAnalyzeProject dialog(parent);
+    dialog.SetDataDirectory(projectRootDir);
+    dialog.SetFileNames(withoutAnnotations);
+    dialog.SetReferencedFiles(referenced);
+    dialog.SetUnusedAnnotationFiles(unused);
+    dialog.SetUsedAnnotationFiles(used);
+    dialog.FillLists();
+    dialog.exec();
 }
 
 QStringList AnalyzeProjectNT::MoveAnnotationFiles(

@@ -17,6 +17,49 @@
     </message>
 </context>
 <context>
+    <name>DlgAnalyzeProject</name>
+    <message>
+        <source>Projektanalyse</source>
+        <translation>Projektanalyse</translation>
+    </message>
+    <message>
+        <source>Per Knoten referenzierte Dateien</source>
+        <translation>Per Knoten referenzierte Dateien</translation>
+    </message>
+    <message>
+        <source>Dokumentendatei</source>
+        <translation>Dokumentendatei</translation>
+    </message>
+    <message>
+        <source>Verknüpfungsdatei</source>
+        <translation>Verknüpfungsdatei</translation>
+    </message>
+    <message>
+        <source>Genutzte Verknüpfungs-Dateien</source>
+        <translation>Genutzte Verknüpfungs-Dateien</translation>
+    </message>
+    <message>
+        <source>Datei</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Ungenutzte Verknüpfungs-Dateien</source>
+        <translation>Ungenutzte Verknüpfungs-Dateien</translation>
+    </message>
+    <message>
+        <source>Operationen</source>
+        <translation>Operationen</translation>
+    </message>
+    <message>
+        <source>Dateien verschieben</source>
+        <translation>Dateien verschieben</translation>
+    </message>
+    <message>
+        <source>Zielverzeichnis</source>
+        <translation>Zielverzeichnis</translation>
+    </message>
+</context>
+<context>
     <name>DlgNodeTools</name>
     <message>
         <source>Werkzeuge</source>
