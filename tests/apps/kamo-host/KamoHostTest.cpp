@@ -1,3 +1,4 @@
+#include "../SampleProject.h"
 #include "MainWindow.h"
 
 #include <ProjectDescription.h>
@@ -16,21 +17,6 @@
 #include <QTimer>
 
 namespace {
-
-// A copy of the bundled sample project in `dir`; answers its root.
-QString copySample(const QTemporaryDir& dir)
-{
-    const QString source = KAMO_SAMPLE_PROJECT;
-    const QString root = dir.filePath("Projekt");
-    QDirIterator it(source, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString from = it.next();
-        const QString to = root + from.mid(source.size());
-        QDir().mkpath(QFileInfo(to).path());
-        QFile::copy(from, to);
-    }
-    return root;
-}
 
 void writeFile(const QString& path, const QByteArray& content)
 {

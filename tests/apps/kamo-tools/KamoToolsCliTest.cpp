@@ -1,4 +1,5 @@
 #include "../../nodetools/TestProject.h"
+#include "../SampleProject.h"
 
 #include <QDirIterator>
 #include <QProcess>
@@ -37,21 +38,6 @@ const QString splitLink = "HREF=" + QString(QChar(0x00A4)) + StandardLink("C:\\A
 // with one link.
 const QStringList kanal { "BO", "NA=Haltung – Süd", "KA=Kanal", link("C:\\Alt\\Plan.PDF"), splitLink, "EO" };
 const QStringList baum { "BO", "KA=Baum", link("C:\\Alt\\Foto.jpg"), "EO" };
-
-// A copy of the bundled sample project in `dir`; answers its root.
-QString copySample(const QTemporaryDir& dir)
-{
-    const QString source = KAMO_SAMPLE_PROJECT;
-    const QString root = dir.filePath("Projekt");
-    QDirIterator it(source, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString from = it.next();
-        const QString to = root + from.mid(source.size());
-        QDir().mkpath(QFileInfo(to).path());
-        QFile::copy(from, to);
-    }
-    return root;
-}
 
 // Every annotation file directly in the data folder, by name.
 QMap<QString, QByteArray> annotationFiles(const QString& root)
