@@ -6,7 +6,7 @@ set -eu
 
 packages="build-essential cmake clang-format
 qtbase5-dev qttools5-dev-tools qttranslations5-l10n
-libshp-dev libdxflib-dev libproj-dev proj-data
+libshp-dev libdxflib-dev libproj-dev proj-data proj-bin
 gdal-bin python3-ezdxf
 xvfb xauth"
 

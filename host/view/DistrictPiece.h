@@ -15,7 +15,7 @@ class QPainterPath;
 class KAMO_VIEW_EXPORT DistrictPiece
 {
 public:
-    QString number; // the plot code as the file has it
+    QString number;           // the plot code as the file has it
     QString normalisedNumber; // as PlotCodeUtility writes it; empty when not a plot code
     QList<QVector<PointF>> rings;
 

@@ -1,9 +1,13 @@
 #ifndef KAMO_VIEW_GEOSYSTEMSETTINGS_H
 #define KAMO_VIEW_GEOSYSTEMSETTINGS_H
 
+#include "PointF.h"
 #include "kamo_view_export.h"
 
 #include <QString>
+#include <QVector>
+
+class QPolygonF;
 
 // A geo reference system: an EPSG code ("EPSG:31467") or any definition
 // PROJ understands (a PROJ string, WKT, PROJJSON). The null system is
@@ -45,8 +49,22 @@ private:
 // reused for every later point of the same pair. Returns false and leaves
 // the point unchanged when the conversion fails (unknown system, point
 // outside the grid). `reportFailures`: also write a failure to the log.
+// A null system on either side means "not georeferenced": nothing to
+// convert, true, and the point stays as it is; so do equal systems.
 KAMO_VIEW_EXPORT bool ChangeGeoSystemEx(
     double& x, double& y, const GeoSystemSettings& from, const GeoSystemSettings& to, bool reportFailures);
+
+// The same for many points in one pass, much faster than point by point.
+// All or nothing: when one point fails, every point keeps its value and the
+// result is false.
+KAMO_VIEW_EXPORT bool ChangeGeoSystemEx(
+    QVector<PointF>& points, const GeoSystemSettings& from, const GeoSystemSettings& to, bool reportFailures);
+KAMO_VIEW_EXPORT bool ChangeGeoSystemEx(
+    QPolygonF& points, const GeoSystemSettings& from, const GeoSystemSettings& to, bool reportFailures);
+
+// The name of the operation the pair of systems is converted with, for logs
+// and reports; empty when there is none or nothing to convert.
+KAMO_VIEW_EXPORT QString GeoSystemOperationName(const GeoSystemSettings& from, const GeoSystemSettings& to);
 
 // Why the last conversion of this thread failed; empty after a success.
 KAMO_VIEW_EXPORT QString GeoSystemLastError();
