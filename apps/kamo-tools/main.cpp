@@ -1,4 +1,5 @@
 #include "NodeCommand.h"
+#include "ShapeCommand.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -14,6 +15,8 @@ const char generalHelp[] = "Usage: kamo-tools COMMAND [options]\n"
                            "  node OPERATION    batch operations over a project's annotation files,\n"
                            "                    and the restore of a backup of them\n"
                            "  analyze           which annotation files of a project are used\n"
+                           "  shape ACTION      summary of a shape file, import of sheets, routes,\n"
+                           "                    districts or buildings as JSON\n"
                            "\n"
                            "'kamo-tools COMMAND --help' describes a command.\n";
 
@@ -50,6 +53,8 @@ int main(int argc, char* argv[])
         return NodeCommand(out, err).Run(arguments);
     if (command == QLatin1String("analyze"))
         return NodeCommand(out, err).RunAnalyze(arguments);
+    if (command == QLatin1String("shape"))
+        return ShapeCommand(out, err).Run(arguments);
 
     err << "kamo-tools: unknown command '" << command << "'\n\n" << generalHelp;
     return NodeCommand::UsageError;

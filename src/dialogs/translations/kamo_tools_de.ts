@@ -360,4 +360,121 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
         <translation>Umsetzungsdatei wählen</translation>
     </message>
 </context>
+<context>
+    <name>FieldAssignmentFile</name>
+    <message>
+        <source>The file cannot be opened</source>
+        <translation>Die Datei kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>The file is empty</source>
+        <translation>Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>The file holds no field assignments (not JSON)</source>
+        <translation>Die Datei enthält keine Feldzuordnungen (kein JSON)</translation>
+    </message>
+    <message>
+        <source>The file was written by a newer version</source>
+        <translation>Die Datei stammt von einer neueren Version</translation>
+    </message>
+    <message>
+        <source>The file assigns no field</source>
+        <translation>Die Datei ordnet kein Feld zu</translation>
+    </message>
+</context>
+<context>
+    <name>ShapeFieldImport</name>
+    <message>
+        <source>Id</source>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>DistrictNumber</source>
+        <translation>Gemarkungsnummer</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Owner-Street</source>
+        <translation>Eigentümer-Straße</translation>
+    </message>
+    <message>
+        <source>Owner-Housenumber</source>
+        <translation>Eigentümer-Hausnummer</translation>
+    </message>
+    <message>
+        <source>Owner-Housenumber-Add</source>
+        <translation>Eigentümer-Hausnummer mit Zusatz</translation>
+    </message>
+    <message>
+        <source>Owner-ZipCode</source>
+        <translation>Eigentümer-PLZ</translation>
+    </message>
+    <message>
+        <source>Owner-Town</source>
+        <translation>Eigentümer-Ort</translation>
+    </message>
+    <message>
+        <source>Building-Street</source>
+        <translation>Gebäude-Straße</translation>
+    </message>
+    <message>
+        <source>Building-HouseNumber</source>
+        <translation>Gebäude-Hausnummer</translation>
+    </message>
+    <message>
+        <source>Building-ZipCode</source>
+        <translation>Gebäude-PLZ</translation>
+    </message>
+    <message>
+        <source>Building-Town</source>
+        <translation>Gebäude-Ort</translation>
+    </message>
+    <message>
+        <source>Building-District</source>
+        <translation>Gebäude-Ortsteil</translation>
+    </message>
+    <message>
+        <source>DistrictPieceNumber</source>
+        <translation>Flurstückskennzeichen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Variant</source>
+        <translation>Variante</translation>
+    </message>
+    <message>
+        <source>SheetNr</source>
+        <translation>Blattnummer</translation>
+    </message>
+    <message>
+        <source>SheetNr2</source>
+        <translation>Blattnummer 2</translation>
+    </message>
+    <message>
+        <source>SheetScale</source>
+        <translation>Maßstab</translation>
+    </message>
+</context>
+<context>
+    <name>ShapeFileImporter</name>
+    <message>
+        <source>Error opening shape file</source>
+        <translation>Fehler beim Öffnen der Shape-Datei</translation>
+    </message>
+    <message>
+        <source>Object %1 left out: %2</source>
+        <translation>Objekt %1 ausgelassen: %2</translation>
+    </message>
+</context>
 </TS>

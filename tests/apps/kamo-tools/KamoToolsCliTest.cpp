@@ -70,6 +70,8 @@ private Q_SLOTS:
     void dryRunWritesNothingAndCountsLikeTheRun();
     void restoreGivesTheOriginalBytesBack();
     void analysisFindsAndMovesUnusedFiles();
+    void shapeFilesAreSummedUpAndImported_data();
+    void shapeFilesAreSummedUpAndImported();
 };
 
 void KamoToolsCliTest::badUsageExitsWithTwo_data()
@@ -303,5 +305,39 @@ void KamoToolsCliTest::analysisFindsAndMovesUnusedFiles()
     QVERIFY(runTool({ "analyze", "--project", root }).out.contains("Unused annotation files: 0\n"));
 }
 
+void KamoToolsCliTest::shapeFilesAreSummedUpAndImported_data()
+{
+    QTest::addColumn<QString>("arguments"); // '@' stands for the fixture folder
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("output"); // found in stdout, or in stderr when the command fails
+    QTest::newRow("info") << "shape info @/buildings.shp" << 0 << "Entities: 4\n";
+    QTest::newRow("info: column types") << "shape info @/points_z.shp" << 0 << "  HOEHE: Real (8.3)\n";
+    QTest::newRow("info: no table") << "shape info @/nodbf.shp" << 0 << "Attribute table: none";
+    QTest::newRow("info: missing file") << "shape info @/none.shp" << 1 << "none.shp: no such file";
+    QTest::newRow("info: not a shape file") << "shape info @/corrupt/tiny.shp" << 1 << "not a readable shape file";
+    QTest::newRow("sheets by number and table scale")
+        << "shape import sheets @/sheets.shp --assign SheetNr=BLATTNR --assign 20=MASSSTAB --scale-from-table" << 0
+        << "\"5000\": {\n      \"44\": [[3501200, 5400300], [3501200, 5400000]";
+    QTest::newRow("buildings in Latin-1")
+        << "shape import buildings @/buildings.shp --assign Building-Town=ORT" << 0 << "\"town\":\"Überlingen\"";
+    QTest::newRow("unknown target") << "shape import routes @/routes.shp --assign Street=NAME" << 2
+                                    << "no target field 'Street' for routes";
+    QTest::newRow("unknown column") << "shape import routes @/routes.shp --assign Name=STRASSE" << 2
+                                    << "no column 'STRASSE'";
+    QTest::newRow("route file missing") << "shape import routes @/none.shp" << 1 << "no such file";
+    QTest::newRow("damaged index") << "shape import sheets @/corrupt/badshx.shp" << 1 << "Error opening shape file";
+    QTest::newRow("one geo system only") << "shape import sheets @/sheets.shp --from EPSG:31467" << 2
+                                         << "--from and --to go together";
+}
+
+void KamoToolsCliTest::shapeFilesAreSummedUpAndImported()
+{
+    QFETCH(QString, arguments);
+    QFETCH(int, exitCode);
+    QFETCH(QString, output);
+    const Result result = runTool(arguments.replace('@', KAMO_SHAPE_DATA).split(' '));
+    QCOMPARE(result.exitCode, exitCode);
+    QVERIFY2((exitCode == 0 ? result.out : result.err).contains(output), qPrintable(result.out + result.err));
+}
 QTEST_GUILESS_MAIN(KamoToolsCliTest)
 #include "KamoToolsCliTest.moc"

@@ -1,0 +1,55 @@
+#ifndef KAMO_TOOLS_SHAPEDBFILEREADER_H
+#define KAMO_TOOLS_SHAPEDBFILEREADER_H
+
+#include "kamo_tools_export.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+// Reads the attribute table (".dbf") of a shape file through shapelib,
+// read-only. Fields are looked up by name on every read. Text is taken as
+// Latin-1, the encoding such tables are written in here, unless a ".cpg"
+// file beside the table names UTF-8.
+class KAMO_TOOLS_EXPORT ShapeDbFileReader
+{
+public:
+    struct FieldInfo {
+        QString name;
+        QString type; // "String", "Integer", "Real", "Logical", "Date" or "Invalid"
+        int width = 0;
+        int decimals = 0;
+    };
+
+    ShapeDbFileReader();
+    ~ShapeDbFileReader();
+    ShapeDbFileReader(const ShapeDbFileReader&) = delete;
+    ShapeDbFileReader& operator=(const ShapeDbFileReader&) = delete;
+
+    // 0 on success, -1 when the file cannot be opened as an attribute table.
+    int Open(const QByteArray& path);
+    void Close();
+    bool IsOpen() const { return handle != nullptr; }
+
+    int GetFieldCount() const;
+    void GetFieldNames(QVector<QString>& names) const;
+    FieldInfo GetFieldInfo(int field) const;
+
+    bool IsUtf8() const { return utf8; }
+
+    // Empty when the field does not exist or the record has no text (a
+    // number without value, stored as "*****", counts as no text).
+    QString ReadStringAttribute(int record, const QString& field) const;
+    // -1 when the field does not exist.
+    int ReadIntegerAttribute(int record, const QString& field) const;
+    // 0.0 when the field does not exist.
+    double ReadDoubleAttribute(int record, const QString& field) const;
+
+private:
+    int fieldIndex(const QString& field) const;
+
+    void* handle = nullptr; // DBFHandle
+    bool utf8 = false;
+};
+
+#endif

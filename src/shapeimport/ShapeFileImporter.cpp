@@ -1,0 +1,159 @@
+#include "shapeimport/ShapeFileImporter.h"
+
+#include "shapeimport/ImportFieldManager.h"
+#include "shapeimport/ShapeDbFileReader.h"
+#include "shapeimport/ShapeFileReader.h"
+#include "shapeimport/ShapeObject.h"
+
+#include <BuildingObject.h>
+#include <DetermineVertexOrder.h>
+#include <DistrictPiece.h>
+#include <RoadObject.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+const QString& GetShapeFileExtension()
+{
+    static const QString extension = QStringLiteral(".shp");
+    return extension;
+}
+
+const QString& GetShapeDbFileExtension()
+{
+    static const QString extension = QStringLiteral(".dbf");
+    return extension;
+}
+
+QString MakeShapeDbFilenameFromShapeFilename(const QString& shapeFile)
+{
+    const QFileInfo info(shapeFile);
+    return info.path() + QLatin1Char('/') + info.completeBaseName() + GetShapeDbFileExtension();
+}
+
+void GetAvailableFieldNames(const QString& dbFile, QVector<QString>& names)
+{
+    ShapeDbFileReader reader;
+    if (reader.Open(QFile::encodeName(dbFile)) != 0)
+        return;
+    reader.GetFieldNames(names);
+}
+
+ShapeFileImporter::ShapeFileImporter()
+    : fieldManager(std::make_shared<ImportFieldManager>())
+    , shapeReader(std::make_shared<ShapeFileReader>())
+    , dbReader(std::make_shared<ShapeDbFileReader>())
+{
+    projectGeoSystem.SetNull();
+    importFileGeoSystem.SetNull();
+}
+
+ShapeFileImporter::~ShapeFileImporter() = default;
+ShapeFileImporter::ShapeFileImporter(const ShapeFileImporter&) = default;
+ShapeFileImporter& ShapeFileImporter::operator=(const ShapeFileImporter&) = default;
+
+QString ShapeFileImporter::EffectiveShapeDbFilename() const
+{
+    return shapeDbFilename.isEmpty() ? MakeShapeDbFilenameFromShapeFilename(shapeFilename) : shapeDbFilename;
+}
+
+bool ShapeFileImporter::ReadObjects(
+    const QString& shapeFile, const QString& dbFile, const std::function<void(const ShapeObject&)>& process)
+{
+    // The names in the encoding of the file system; a Latin-1 rendering
+    // would miss every name with an umlaut on a UTF-8 system.
+    const QByteArray shapePath = QFile::encodeName(shapeFile);
+    const QByteArray dbPath = QFile::encodeName(dbFile);
+
+    dbReader->Close();
+    if (!dbFile.isEmpty())
+        dbReader->Open(dbPath);
+    fieldManager->SetDbFileReader(dbReader.get());
+
+    if (shapeReader->Open(shapePath) != 0) {
+        lastErrorMessage = QCoreApplication::translate("ShapeFileImporter", "Error opening shape file");
+        return false;
+    }
+
+    warnings.clear();
+    convert = !projectGeoSystem.IsEqual(importFileGeoSystem);
+    ShapeObject object;
+    const int count = shapeReader->GetEntityCount();
+    for (int index = 0; index < count; ++index) {
+        shapeReader->ReadObject(index, object);
+        process(object);
+    }
+    return true;
+}
+
+bool ShapeFileImporter::ConvertPoints(QVector<QPointF>& points, int record)
+{
+    if (!convert)
+        return true;
+    QVector<QPointF> converted = points;
+    for (QPointF& point : converted) {
+        double x = point.x();
+        double y = point.y();
+        if (!ChangeGeoSystemEx(x, y, importFileGeoSystem, projectGeoSystem, false)) {
+            warnings.append(QCoreApplication::translate("ShapeFileImporter", "Object %1 left out: %2")
+                                .arg(record + 1)
+                                .arg(GeoSystemLastError()));
+            return false;
+        }
+        point = QPointF(x, y);
+    }
+    points = converted;
+    return true;
+}
+
+bool ShapeFileImporter::ReadRings(const ShapeObject& object, QList<QVector<PointF>>& rings)
+{
+    rings.clear();
+    for (int part = 0; part < object.GetParts().size(); ++part) {
+        QVector<QPointF> points = object.GetPartPoints(part);
+        if (!ConvertPoints(points, object.GetRecordIndex())) {
+            rings.clear();
+            return false;
+        }
+        QVector<PointF> ring;
+        ring.reserve(points.size());
+        for (const QPointF& point : qAsConst(points))
+            ring.append(PointF(point.x(), point.y()));
+        const VertexOrder order = DetermineVertexOrder(ring);
+        if (order == VertexOrder::Degenerate)
+            continue;
+        // Clockwise marks an outer ring in the file: both kinds turn round.
+        std::reverse(ring.begin(), ring.end());
+        rings.append(ring);
+    }
+    return true;
+}
+
+template <typename Object> bool ShapeFileImporter::intersectsFilter(const Object& object) const
+{
+    if (!geoFilter || geoFilter->isEmpty())
+        return true;
+    for (const QPainterPath& area : *geoFilter) {
+        if (object.Intersects(area))
+            return true;
+    }
+    return false;
+}
+
+bool ShapeFileImporter::CheckIntersection(const BuildingObject& object) const
+{
+    return intersectsFilter(object);
+}
+
+bool ShapeFileImporter::CheckIntersection(const DistrictPiece& object) const
+{
+    return intersectsFilter(object);
+}
+
+bool ShapeFileImporter::CheckIntersection(const RoadObject& object) const
+{
+    return intersectsFilter(object);
+}

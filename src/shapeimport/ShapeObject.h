@@ -1,0 +1,65 @@
+#ifndef KAMO_TOOLS_SHAPEOBJECT_H
+#define KAMO_TOOLS_SHAPEOBJECT_H
+
+#include "kamo_tools_export.h"
+
+#include <QPointF>
+#include <QString>
+#include <QVector>
+
+#include <cstdint>
+
+// One entity of a shape file as the importers see it: its points in file
+// order (Z and M dropped), its bounds and its parts.
+class KAMO_TOOLS_EXPORT ShapeObject
+{
+public:
+    struct Part {
+        std::int32_t type = 0;        // shapelib's part type
+        std::int32_t firstVertex = 0; // index into the points
+        std::int32_t vertexCount = 0; // up to the next part or the end
+    };
+    struct Bounds {
+        double minX = 0.0;
+        double minY = 0.0;
+        double maxX = 0.0;
+        double maxY = 0.0;
+    };
+
+    ShapeObject();
+
+    // Back to the empty object: record index -1, no points, no parts.
+    void Clear();
+    bool IsEmpty() const { return recordIndex < 0; }
+
+    std::int32_t GetRecordIndex() const { return recordIndex; }
+    std::int32_t GetShapeId() const { return shapeId; }
+    std::int32_t GetShapeType() const { return shapeType; }
+    std::int32_t GetVertexCount() const { return vertexCount; }
+    const QVector<QPointF>& GetPoints() const { return points; }
+    const Bounds& GetBoundingBox() const { return bounds; }
+    QVector<Part> GetParts() const { return parts; }
+
+    // The points of part `part`, cut to the points the object has: a file
+    // may claim more than it holds.
+    QVector<QPointF> GetPartPoints(int part) const;
+
+    QString GetShapeTypeName() const { return ShapeTypeName(shapeType); }
+    // "2D Polygon" for 5 and so on; "Unknown" for codes shape files do not use.
+    static QString ShapeTypeName(int code);
+
+    // Filled by the reader; exposed for it and for tests.
+    void Set(std::int32_t record, std::int32_t id, std::int32_t type, const QVector<QPointF>& vertices,
+        const Bounds& box, const QVector<Part>& objectParts);
+
+private:
+    std::int32_t recordIndex;
+    std::int32_t shapeId;
+    std::int32_t shapeType;
+    std::int32_t vertexCount;
+    QVector<QPointF> points;
+    Bounds bounds;
+    QVector<Part> parts;
+};
+
+#endif

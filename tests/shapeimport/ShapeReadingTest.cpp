@@ -1,0 +1,284 @@
+#include <shapeimport/ImportBuildingFromShapeFile.h>
+#include <shapeimport/ImportDistrictsFromShapeFile.h>
+#include <shapeimport/ImportFieldManager.h>
+#include <shapeimport/ImportRouteDataFromShapeFile.h>
+#include <shapeimport/ImportSheetDataFromShapeFile.h>
+#include <shapeimport/ShapeDbFileReader.h>
+#include <shapeimport/ShapeFileReader.h>
+
+#include <DetermineVertexOrder.h>
+
+#include <QFile>
+#include <QTest>
+
+namespace {
+
+QString data(const QString& name)
+{
+    return QStringLiteral(KAMO_SHAPE_DATA "/") + name;
+}
+
+} // namespace
+
+class ShapeReadingTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void attributeTableBesideShapeFile_data();
+    void attributeTableBesideShapeFile();
+    void shapeTypeNames_data();
+    void shapeTypeNames();
+    void readsEveryFixture_data();
+    void readsEveryFixture();
+    void damagedFilesFailOrSkip_data();
+    void damagedFilesFailOrSkip();
+    void textIsDecodedAndTrimmed_data();
+    void textIsDecodedAndTrimmed();
+    void routeImportReportsSuccessEvenOnFailure();
+    void ringsTurnToTheHostsSense();
+    void filterKeepsObjectsTouchingAnArea_data();
+    void filterKeepsObjectsTouchingAnArea();
+};
+
+void ShapeReadingTest::attributeTableBesideShapeFile_data()
+{
+    QTest::addColumn<QString>("shape");
+    QTest::addColumn<QString>("table");
+    QTest::newRow("two suffixes") << "d:/a/b.c.shp"
+                                  << "d:/a/b.c.dbf";
+    QTest::newRow("old roads") << "C:/x/roads.old.shp"
+                               << "C:/x/roads.old.dbf";
+    QTest::newRow("no folder") << "plan.SHP"
+                               << "./plan.dbf";
+}
+
+void ShapeReadingTest::attributeTableBesideShapeFile()
+{
+    QFETCH(QString, shape);
+    QFETCH(QString, table);
+    QCOMPARE(MakeShapeDbFilenameFromShapeFilename(shape), table);
+}
+
+void ShapeReadingTest::shapeTypeNames_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("polygon") << 5 << "2D Polygon";
+    QTest::newRow("point z") << 11 << "3D Point";
+    QTest::newRow("measure multi-point") << 28 << "2D Measure Multi-point";
+    QTest::newRow("multi-patch") << 31 << "Multi-patch";
+    QTest::newRow("2 is no shape type") << 2 << "Unknown";
+    QTest::newRow("negative") << -1 << "Unknown";
+}
+
+void ShapeReadingTest::shapeTypeNames()
+{
+    QFETCH(int, code);
+    QFETCH(QString, name);
+    QCOMPARE(ShapeObject::ShapeTypeName(code), name);
+}
+
+void ShapeReadingTest::readsEveryFixture_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QStringList>("fields");
+    QTest::newRow("sheets") << "sheets.shp" << 5 << 6 << QStringList { "BLATTNR", "BLATT2", "MASSSTAB" };
+    QTest::newRow("routes") << "routes.shp" << 3 << 3 << QStringList { "ID", "NAME", "NUMMER", "VARIANTE" };
+    QTest::newRow("empty") << "empty.shp" << 5 << 0 << QStringList { "BLATTNR", "BLATT2", "MASSSTAB" };
+    QTest::newRow("no table") << "nodbf.shp" << 5 << 2 << QStringList();
+    QTest::newRow("points with height") << "points_z.shp" << 11 << 3 << QStringList { "NAME", "HOEHE" };
+}
+
+void ShapeReadingTest::readsEveryFixture()
+{
+    QFETCH(QString, file);
+    QFETCH(int, type);
+    QFETCH(int, count);
+    QFETCH(QStringList, fields);
+    ShapeFileReader reader;
+    QCOMPARE(reader.Open(QFile::encodeName(data(file))), 0);
+    QCOMPARE(reader.GetShapeType(), type);
+    QCOMPARE(reader.GetEntityCount(), count);
+    ShapeObject object;
+    for (int i = 0; i < count; ++i) {
+        QCOMPARE(reader.ReadObject(i, object), 0);
+        QCOMPARE(object.GetRecordIndex(), i);
+        QVERIFY(object.GetVertexCount() > 0);
+    }
+    QCOMPARE(reader.ReadObject(count, object), -1);
+    QVERIFY(object.IsEmpty());
+
+    QVector<QString> names { "untouched" };
+    GetAvailableFieldNames(MakeShapeDbFilenameFromShapeFilename(data(file)), names);
+    QCOMPARE(QStringList(names.toList()), fields.isEmpty() ? QStringList { "untouched" } : fields);
+}
+
+void ShapeReadingTest::damagedFilesFailOrSkip_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("opens");
+    QTest::addColumn<int>("readable");
+    QTest::newRow("cut in the third record") << "truncated" << true << 2;
+    QTest::newRow("index pointing past the end") << "badshx" << false << 0;
+    QTest::newRow("shorter than a header") << "tiny" << false << 0;
+    QTest::newRow("table header wrong") << "baddbf" << true << 6;
+    QTest::newRow("table claims ten million records") << "dbfcount" << true << 6;
+    QTest::newRow("absurd part count") << "parts" << true << 4;
+    QTest::newRow("part starts going back") << "partstarts" << true << 2;
+}
+
+void ShapeReadingTest::damagedFilesFailOrSkip()
+{
+    QFETCH(QString, file);
+    QFETCH(bool, opens);
+    QFETCH(int, readable);
+    // Every record is read, numbered by record since nothing is assigned;
+    // the ones shapelib refuses come back empty and yield no sheet.
+    ImportSheetDataFromShapeFile import;
+    import.SetShapeFilename(data("corrupt/" + file + ".shp"));
+    import.GetImportFieldManager()->SetAssignment(ImportSheetDataFromShapeFile::tfSheetScale, "MASSSTAB");
+    import.SetScaleImportMode(ImportSheetDataFromShapeFile::ssimFromTable);
+    QCOMPARE(import.Execute(), opens);
+    QCOMPARE(import.GetLastErrorMessage(), opens ? QString() : "Error opening shape file");
+
+    ShapeFileReader reader;
+    reader.Open(QFile::encodeName(data("corrupt/" + file + ".shp")));
+    ShapeObject object;
+    int read = 0;
+    for (int i = 0; i < reader.GetEntityCount(); ++i)
+        read += reader.ReadObject(i, object) == 0 && object.GetVertexCount() > 0 ? 1 : 0;
+    QCOMPARE(read, readable);
+}
+
+void ShapeReadingTest::textIsDecodedAndTrimmed_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("record");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("Latin-1") << "buildings" << 1 << "GEMARKUNG"
+                             << "Öhringen";
+    QTest::newRow("blanks around") << "buildings" << 0 << "E_STRASSE"
+                                   << "Hauptstraße";
+    QTest::newRow("number without value") << "buildings" << 3 << "HNR"
+                                          << "";
+    QTest::newRow("leading zero kept") << "buildings" << 3 << "E_PLZ"
+                                       << "01067";
+    QTest::newRow("UTF-8 by its code page file") << "routes" << 1 << "NAME"
+                                                 << "Müllerstraße";
+    QTest::newRow("column not in the table") << "routes" << 1 << "STRASSE"
+                                             << "";
+    QTest::newRow("record beyond the table") << "routes" << 7 << "NAME"
+                                             << "";
+}
+
+void ShapeReadingTest::textIsDecodedAndTrimmed()
+{
+    QFETCH(QString, file);
+    QFETCH(int, record);
+    QFETCH(QString, field);
+    QFETCH(QString, text);
+    ImportFieldManager fields;
+    ShapeDbFileReader reader;
+    QCOMPARE(reader.Open(QFile::encodeName(data(file + ".dbf"))), 0);
+    fields.SetDbFileReader(&reader);
+    fields.SetAssignment(7, field);
+    QString read = "unread";
+    QVERIFY(fields.ReadString(record, 7, read));
+    QCOMPARE(read, text);
+    QVERIFY(!fields.ReadString(record, 8, read));
+}
+
+void ShapeReadingTest::routeImportReportsSuccessEvenOnFailure()
+{
+    ImportRouteDataFromShapeFile routes;
+    QVERIFY(!routes.Execute());
+    routes.SetShapeFilename(data("missing.shp"));
+    QVERIFY(routes.Execute());
+    QCOMPARE(routes.GetLastErrorMessage(), "Error opening shape file");
+
+    routes.SetShapeFilename(data("routes.shp"));
+    ImportFieldManager* fields = routes.GetImportFieldManager();
+    fields->SetAssignment(ImportRouteDataFromShapeFile::tfName, "NAME");
+    fields->SetAssignment(ImportRouteDataFromShapeFile::tfVariant, "VARIANTE");
+    QVERIFY(routes.Execute());
+    QCOMPARE(routes.GetRoads().size(), 3);
+    const RoadObject& second = routes.GetRoads().at(1);
+    QCOMPARE(second.name, "Müllerstraße");
+    QCOMPARE(second.variant, "Umleitung Süd");
+    QCOMPARE(second.lines.size(), 2);
+    QCOMPARE(second.lines.at(1).constLast(), PointF(3501000, 5400200));
+    QVERIFY(second.id.isEmpty());
+}
+
+void ShapeReadingTest::ringsTurnToTheHostsSense()
+{
+    ImportDistrictsFromShapeFile districts;
+    districts.SetShapeFilename(data("districts.shp"));
+    districts.GetImportFieldManager()->SetAssignment(ImportDistrictsFromShapeFile::tfDistrictPieceNumber, "FLSTKENNZ");
+    QVERIFY(districts.Execute());
+    QCOMPARE(districts.GetDistrictPieces().size(), 4);
+    const DistrictPiece& withHole = districts.GetDistrictPieces().at(1);
+    QCOMPARE(withHole.number, "1234-1-12/3");
+    QCOMPARE(withHole.rings.size(), 2);
+    QCOMPARE(DetermineVertexOrder(withHole.rings.at(0)), VertexOrder::CounterClockwise);
+    QCOMPARE(DetermineVertexOrder(withHole.rings.at(1)), VertexOrder::Clockwise);
+
+    ImportBuildingFromShapeFile buildings;
+    buildings.SetShapeFilename(data("buildings.shp"));
+    ImportFieldManager* fields = buildings.GetImportFieldManager();
+    QCOMPARE(fields->GetTargetFields().size(), 12);
+    QCOMPARE(fields->GetTargetFields().value(52), "Owner-Housenumber-Add");
+    fields->SetAssignment(ImportBuildingFromShapeFile::tfOwnerHouseNumber, "E_HNR");
+    fields->SetAssignment(ImportBuildingFromShapeFile::tfTown, "ORT");
+    QVERIFY(buildings.Execute());
+    QCOMPARE(buildings.GetBuildings().size(), 4);
+    QCOMPARE(buildings.GetBuildings().at(2).town, "Überlingen");
+    QCOMPARE(buildings.GetBuildings().at(2).ownerHouseNumber, "101");
+    QCOMPARE(buildings.GetBuildings().at(0).rings.at(0).size(), 7);
+}
+
+void ShapeReadingTest::filterKeepsObjectsTouchingAnArea_data()
+{
+    QTest::addColumn<QRectF>("area"); // empty: a filter without areas
+    QTest::addColumn<int>("routes");
+    QTest::addColumn<int>("districts");
+    QTest::addColumn<int>("buildings");
+    QTest::newRow("no area lets all pass") << QRectF() << 3 << 4 << 4;
+    // x 3500000..3500450: routes 1 and 2, districts 1 and 2, buildings 1..3.
+    QTest::newRow("western strip") << QRectF(3500000, 5400000, 450, 300) << 2 << 2 << 3;
+    QTest::newRow("far away") << QRectF(3600000, 5500000, 100, 100) << 0 << 0 << 0;
+}
+
+void ShapeReadingTest::filterKeepsObjectsTouchingAnArea()
+{
+    QFETCH(QRectF, area);
+    QFETCH(int, routes);
+    QFETCH(int, districts);
+    QFETCH(int, buildings);
+    auto filter = QSharedPointer<QMap<QString, QPainterPath>>::create();
+    if (!area.isEmpty()) {
+        QPainterPath path;
+        path.addRect(area);
+        filter->insert("Baufeld", path);
+    }
+    ImportRouteDataFromShapeFile routeImport;
+    ImportDistrictsFromShapeFile districtImport;
+    ImportBuildingFromShapeFile buildingImport;
+    routeImport.SetShapeFilename(data("routes.shp"));
+    districtImport.SetShapeFilename(data("districts.shp"));
+    buildingImport.SetShapeFilename(data("buildings.shp"));
+    routeImport.SetGeoFilter(filter);
+    districtImport.SetGeoFilter(filter);
+    buildingImport.SetGeoFilter(filter);
+    QVERIFY(routeImport.Execute() && districtImport.Execute() && buildingImport.Execute());
+    QCOMPARE(routeImport.GetRoads().size(), routes);
+    QCOMPARE(districtImport.GetDistrictPieces().size(), districts);
+    QCOMPARE(buildingImport.GetBuildings().size(), buildings);
+}
+
+QTEST_GUILESS_MAIN(ShapeReadingTest)
+#include "ShapeReadingTest.moc"
