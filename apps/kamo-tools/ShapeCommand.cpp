@@ -18,6 +18,8 @@
 #include <QJsonObject>
 #include <QTextStream>
 
+#include <charconv>
+#include <cstdio>
 #include <memory>
 
 namespace {
@@ -38,43 +40,75 @@ QJsonArray ringsJson(const QList<QVector<PointF>>& rings)
     return list;
 }
 
-// JSON text of a string, quotes included.
-QString jsonString(const QString& text)
+// JSON text of a string, quotes included, as UTF-8.
+QByteArray jsonString(const QString& text)
 {
-    const QByteArray json = QJsonDocument(QJsonArray { text }).toJson(QJsonDocument::Compact);
-    return QString::fromUtf8(json.mid(1, json.size() - 2));
+    QByteArray json = "\"";
+    for (const char c : text.toUtf8()) {
+        if (c == '"' || c == '\\') {
+            json += '\\';
+            json += c;
+        } else if (static_cast<unsigned char>(c) < 0x20) {
+            json += "\\u00";
+            json += "0123456789abcdef"[(c >> 4) & 0xf];
+            json += "0123456789abcdef"[c & 0xf];
+        } else {
+            json += c;
+        }
+    }
+    return json + '"';
 }
 
-QString jsonNumber(double value)
+// The shortest text that reads back as the same double.
+void appendNumber(QByteArray& json, double value)
 {
-    return QString::number(value, 'g', QLocale::FloatingPointShortest);
+    char buffer[32];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
+    json.append(buffer, int(end - buffer));
 }
 
 // Large results are written element by element: building one document of
 // a hundred thousand sheets costs more than reading them.
 void writeList(QTextStream& out, const QString& name, const QList<QJsonObject>& elements)
 {
-    out << "{\n  " << jsonString(name) << ": [";
+    out << "{\n  " << QString::fromUtf8(jsonString(name)) << ": [";
     for (int i = 0; i < elements.size(); ++i)
         out << (i ? ",\n    " : "\n    ") << QJsonDocument(elements.at(i)).toJson(QJsonDocument::Compact);
     out << (elements.isEmpty() ? "]\n}\n" : "\n  ]\n}\n");
 }
 
+// Built as bytes: formatting 100,000 sheets through a text stream costs
+// more than importing them.
 void writeScales(QTextStream& out, const QMap<int, QMap<QString, QList<PointF>>>& scales)
 {
-    out << "{\n  \"scales\": {";
+    QByteArray json = "{\n  \"scales\": {";
+    int sheetCount = 0;
+    for (const auto& sheets : scales)
+        sheetCount += sheets.size();
+    json.reserve(sheetCount * 120 + 100);
     for (auto scale = scales.cbegin(); scale != scales.cend(); ++scale) {
-        out << (scale == scales.cbegin() ? "\n    \"" : ",\n    \"") << scale.key() << "\": {";
+        json += scale == scales.cbegin() ? "\n    \"" : ",\n    \"";
+        json += QByteArray::number(scale.key()) + "\": {";
         for (auto sheet = scale->cbegin(); sheet != scale->cend(); ++sheet) {
-            out << (sheet == scale->cbegin() ? "\n      " : ",\n      ") << jsonString(sheet.key()) << ": [";
+            json += sheet == scale->cbegin() ? "\n      " : ",\n      ";
+            json += jsonString(sheet.key());
+            json += ": [";
             const QList<PointF>& points = sheet.value();
-            for (int i = 0; i < points.size(); ++i)
-                out << (i ? ", [" : "[") << jsonNumber(points.at(i).X()) << ", " << jsonNumber(points.at(i).Y()) << "]";
-            out << "]";
+            for (int i = 0; i < points.size(); ++i) {
+                json += i ? ", [" : "[";
+                appendNumber(json, points.at(i).X());
+                json += ", ";
+                appendNumber(json, points.at(i).Y());
+                json += ']';
+            }
+            json += "]";
         }
-        out << (scale->isEmpty() ? "}" : "\n    }");
+        json += scale->isEmpty() ? "}" : "\n    }";
     }
-    out << (scales.isEmpty() ? "}\n}\n" : "\n  }\n}\n");
+    json += scales.isEmpty() ? "}\n}\n" : "\n  }\n}\n";
+    out.flush();
+    std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+    std::fflush(stdout);
 }
 
 QString coordinate(double value)

@@ -223,6 +223,11 @@ void RectangleDetector::buildRect(QList<YPoint>& out, const QList<unsigned>& ind
         out.append(points[static_cast<int>(indices[i])]);
 }
 
+bool RectangleDetector::IsRectangle(const YPoint& p0, const YPoint& p1, const YPoint& p2, const YPoint& p3)
+{
+    return rectangleTest(makeLeg(p0, p1), makeLeg(p0, p2), makeLeg(p0, p3));
+}
+
 bool RectangleDetector::isRectangle(const QList<YPoint>& four)
 {
     if (four.size() != 4)

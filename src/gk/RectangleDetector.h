@@ -41,6 +41,10 @@ public:
     // The same rectangles as their four points, in index order.
     void Analyze(QList<QList<YPoint>>& rectangles) const;
 
+    // The test Analyze applies to each quadruple, for callers that know
+    // which four points to try: a frame usually starts with its corners.
+    static bool IsRectangle(const YPoint& p0, const YPoint& p1, const YPoint& p2, const YPoint& p3);
+
 private:
     class CornerSearch;
 

@@ -27,6 +27,15 @@ bool ImportSheetDataFromShapeFile::Execute()
 
 bool ImportSheetDataFromShapeFile::DetectSheetCorners(const QPolygonF& polygon, QPolygonF& corners)
 {
+    // Points 0..3 are the first quadruple the detection would report: when
+    // they form a rectangle, as in almost every frame, the search is moot.
+    if (polygon.size() >= 4) {
+        const auto yPoint = [&polygon](int i) { return YPoint { polygon.at(i).x(), polygon.at(i).y() }; };
+        if (RectangleDetector::IsRectangle(yPoint(0), yPoint(1), yPoint(2), yPoint(3))) {
+            corners = polygon.mid(0, 4);
+            return true;
+        }
+    }
     QList<YPoint> points;
     points.reserve(polygon.size());
     for (const QPointF& point : polygon)

@@ -93,17 +93,13 @@ bool ShapeFileImporter::ConvertPoints(QVector<QPointF>& points, int record)
 {
     if (!convert)
         return true;
-    QVector<QPointF> converted = points;
-    for (QPointF& point : converted) {
-        double x = point.x();
-        double y = point.y();
-        if (!ChangeGeoSystemEx(x, y, importFileGeoSystem, projectGeoSystem, false)) {
-            warnings.append(QCoreApplication::translate("ShapeFileImporter", "Object %1 left out: %2")
-                                .arg(record + 1)
-                                .arg(GeoSystemLastError()));
-            return false;
-        }
-        point = QPointF(x, y);
+    QPolygonF converted(points);
+    // All points or none: the call leaves the polygon as it was on failure.
+    if (!ChangeGeoSystemEx(converted, importFileGeoSystem, projectGeoSystem, false)) {
+        warnings.append(QCoreApplication::translate("ShapeFileImporter", "Object %1 left out: %2")
+                            .arg(record + 1)
+                            .arg(GeoSystemLastError()));
+        return false;
     }
     points = converted;
     return true;

@@ -259,6 +259,11 @@ void RectangleDetectorTest::matchesExhaustiveSearch()
                                  .arg(format(points), format(expected), format(actual))));
         }
         found += expected.size();
+        // The quick test of the first four points must agree with the search.
+        if (points.size() >= 4) {
+            const bool first = !expected.isEmpty() && expected.constFirst() == QList<unsigned> { 0, 1, 2, 3 };
+            QCOMPARE(RectangleDetector::IsRectangle(points[0], points[1], points[2], points[3]), first);
+        }
     }
     if (findsSome)
         QVERIFY(found > 0);
