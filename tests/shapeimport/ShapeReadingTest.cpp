@@ -36,6 +36,7 @@ private Q_SLOTS:
     void textIsDecodedAndTrimmed_data();
     void textIsDecodedAndTrimmed();
     void routeImportReportsSuccessEvenOnFailure();
+    void copiesShareTheFieldManager();
     void ringsTurnToTheHostsSense();
     void filterKeepsObjectsTouchingAnArea_data();
     void filterKeepsObjectsTouchingAnArea();
@@ -212,6 +213,17 @@ void ShapeReadingTest::routeImportReportsSuccessEvenOnFailure()
     QCOMPARE(second.lines.size(), 2);
     QCOMPARE(second.lines.at(1).constLast(), PointF(3501000, 5400200));
     QVERIFY(second.id.isEmpty());
+}
+
+void ShapeReadingTest::copiesShareTheFieldManager()
+{
+    ImportSheetDataFromShapeFile import;
+    {
+        const ImportSheetDataFromShapeFile copy = import;
+        QCOMPARE(copy.GetImportFieldManager(), import.GetImportFieldManager());
+        copy.GetImportFieldManager()->SetAssignment(ImportSheetDataFromShapeFile::tfSheetNr, "BLATTNR");
+    }
+    QCOMPARE(import.GetImportFieldManager()->GetAssignedColumn(ImportSheetDataFromShapeFile::tfSheetNr), "BLATTNR");
 }
 
 void ShapeReadingTest::ringsTurnToTheHostsSense()

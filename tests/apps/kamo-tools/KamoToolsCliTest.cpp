@@ -320,6 +320,9 @@ void KamoToolsCliTest::shapeFilesAreSummedUpAndImported_data()
         << "\"5000\": {\n      \"44\": [[3501200, 5400300], [3501200, 5400000]";
     QTest::newRow("buildings in Latin-1")
         << "shape import buildings @/buildings.shp --assign Building-Town=ORT" << 0 << "\"town\":\"Überlingen\"";
+    QTest::newRow("routes touching the buildings")
+        << "shape import routes @/routes.shp --filter @/buildings.shp --assign Id=ID" << 0
+        << "{\n  \"routes\": [\n    {\"id\":\"2\",";
     QTest::newRow("unknown target") << "shape import routes @/routes.shp --assign Street=NAME" << 2
                                     << "no target field 'Street' for routes";
     QTest::newRow("unknown column") << "shape import routes @/routes.shp --assign Name=STRASSE" << 2
