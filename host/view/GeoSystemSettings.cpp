@@ -1,6 +1,9 @@
 #include "GeoSystemSettings.h"
 
+#include "GeoSystemIdentify.h"
+
 #include <QDebug>
+#include <QFile>
 #include <QHash>
 #include <QPolygonF>
 
@@ -225,6 +228,27 @@ GeoSystemSettings GeoSystemSettings::FromDefinition(const QString& definition)
     return settings;
 }
 
+GeoSystemSettings GeoSystemSettings::FromPrjFile(const QString& path)
+{
+    QFile file(path);
+    // A projection file is a line of WKT; anything much larger is not one,
+    // and reading it whole would only waste memory.
+    const qint64 maximumSize = 1 << 20;
+    if (!file.open(QIODevice::ReadOnly) || file.size() > maximumSize)
+        return GeoSystemSettings();
+    QString text = QString::fromUtf8(file.readAll());
+    if (text.startsWith(QChar(0xFEFF)))
+        text.remove(0, 1);
+    text = text.trimmed();
+    if (text.isEmpty())
+        return GeoSystemSettings();
+    bool readable = false;
+    const int code = IdentifyEpsgSystem(text, readable);
+    if (code > 0)
+        return FromEpsg(code);
+    return readable ? FromDefinition(text) : GeoSystemSettings();
+}
+
 void GeoSystemSettings::SetNull()
 {
     definition.clear();
@@ -277,6 +301,35 @@ QString GeoSystemSettings::GetDescription() const
     if (authority && code)
         description += QStringLiteral(" (%1:%2)").arg(QString::fromUtf8(authority), QString::fromUtf8(code));
     return description;
+}
+
+int IdentifyEpsgSystem(const QString& definition, bool& readable)
+{
+    PJ_CONTEXT* context = projCache().context;
+    // Not through the cache: the texts come from files and would stay in
+    // memory for the life of the thread.
+    PJ* crs = proj_create(context, definition.toUtf8().constData());
+    readable = crs && proj_is_crs(crs);
+    int code = 0;
+    if (readable) {
+        int* confidences = nullptr;
+        PJ_OBJ_LIST* matches = proj_identify(context, crs, "EPSG", nullptr, &confidences);
+        const int count = matches ? proj_list_get_count(matches) : 0;
+        // Best matches come first. Below 70 PROJ only found something
+        // similar, e.g. the same projection on another datum.
+        for (int i = 0; i < count && !code && confidences[i] >= 70; ++i) {
+            PJ* match = proj_list_get(context, matches, i);
+            const PJ_TYPE type = match ? proj_get_type(match) : PJ_TYPE_UNKNOWN;
+            const char* id = match ? proj_get_id_code(match, 0) : nullptr;
+            if (id && (type == PJ_TYPE_PROJECTED_CRS || type == PJ_TYPE_GEOGRAPHIC_2D_CRS))
+                code = QByteArray(id).toInt();
+            proj_destroy(match);
+        }
+        proj_int_list_destroy(confidences);
+        proj_list_destroy(matches);
+    }
+    proj_destroy(crs);
+    return code;
 }
 
 bool ChangeGeoSystemEx(

@@ -19,6 +19,10 @@ public:
     static GeoSystemSettings FromEpsg(int code);
     // Any definition PROJ accepts; the text is kept as given.
     static GeoSystemSettings FromDefinition(const QString& definition);
+    // The system of an ESRI ".prj" file: its EPSG code when the PROJ
+    // database knows it, else the file's WKT itself; the null system when
+    // the file cannot be read or PROJ cannot make sense of it.
+    static GeoSystemSettings FromPrjFile(const QString& path);
 
     void SetNull();
     bool IsNull() const;
