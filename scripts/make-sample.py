@@ -406,6 +406,12 @@ PROJECT_DESCRIPTION = {
     "Id": "MS-KS-2024",
     "Name": "Musterstadt Kanalsanierung",
     "Zones": ["Bestand", "Bauabschnitt 1", "Bauabschnitt 2", "Variante B"],
+    "GeoSystem": "EPSG:25832",
+    # In ETRS89 / UTM 32N, where the sheets and buildings of GIS/ land once
+    # converted from Gauss-Krueger zone 3.
+    "Areas": {
+        "Baufeld West": [[499900, 5398250], [500500, 5398250], [500500, 5398600], [499900, 5398600]],
+    },
     "Nodes": [
         {"Id": 1, "Name": "Kanalsanierung Musterstadt", "Zone": 1,
          "Documents": {"1": [PDF + "Übersichtsplan_Süd.pdf", PDF + "Bauzeitenplan.pdf",
@@ -497,6 +503,16 @@ def main():
           json.dumps(PROJECT_DESCRIPTION, ensure_ascii=False, indent=2) + "\n")
     write(os.path.join(root, "Pfadumsetzung.csv"),
           "".join("%s,%s\r\n" % pair for pair in PATH_MAP))
+    # Sheet frames and buildings in Gauss-Krueger zone 3, as surveyors
+    # deliver them, for the shape import; the test fixtures are the source.
+    gis = os.path.join(root, "GIS")
+    os.makedirs(gis)
+    fixtures = os.path.join(here, os.pardir, "tests", "shapeimport", "data")
+    for name in ("sheets", "buildings"):
+        for suffix in (".shp", ".shx", ".dbf", ".prj", ".cpg"):
+            source = os.path.join(fixtures, name + suffix)
+            if os.path.exists(source):
+                shutil.copyfile(source, os.path.join(gis, {"sheets": "Blattschnitte", "buildings": "Gebaeude"}[name] + suffix))
     print("wrote %d annotation files to %s" % (len(DOCUMENTS), data))
 
 

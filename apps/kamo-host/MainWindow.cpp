@@ -6,6 +6,7 @@
 #include <ProjectDescription.h>
 #include <TableInfo.h>
 #include <TreeWidget.h>
+#include <dialogs/DialogImportShapeFile.h>
 #include <dialogs/DialogNodeTools.h>
 
 #include <QAction>
@@ -19,7 +20,9 @@
 #include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTextBrowser>
+#include <QTreeWidget>
 
 #include <algorithm>
 
@@ -60,12 +63,18 @@ MainWindow::MainWindow(QSettings* settings, QWidget* parent)
     , settings(settings)
     , tree(new TreeWidget)
     , details(new QTextBrowser)
+    , pages(new QTabWidget)
+    , importResults(new QTreeWidget)
     , status(new QLabel)
 {
     auto* splitter = new QSplitter;
     splitter->setObjectName(QStringLiteral("splitter"));
     splitter->addWidget(tree);
-    splitter->addWidget(details);
+    pages->addTab(details, QStringLiteral("Details"));
+    pages->addTab(importResults, QStringLiteral("Import"));
+    importResults->setObjectName(QStringLiteral("importResults"));
+    importResults->setHeaderLabels({ QStringLiteral("Objekt"), QStringLiteral("Angaben") });
+    splitter->addWidget(pages);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
     setCentralWidget(splitter);
@@ -85,6 +94,7 @@ MainWindow::MainWindow(QSettings* settings, QWidget* parent)
 
     toolsMenu = menuBar()->addMenu(QStringLiteral("&Werkzeuge"));
     addTool(QStringLiteral("node-tools"), QStringLiteral("&Knotenwerkzeuge…"), &MainWindow::openNodeTools);
+    addTool(QStringLiteral("shape-import"), QStringLiteral("&Shape-Import…"), &MainWindow::openShapeImport);
 
     connect(tree, &QTreeWidget::currentItemChanged, this, &MainWindow::showDetails);
     updateProjectState();
@@ -125,8 +135,10 @@ bool MainWindow::LoadProject(const QString& root, QString* error)
             *error = loaded->ErrorString();
         return false;
     }
-    // The facade borrows the maps of the project it was given.
+    // The facades borrow the maps of the project they were given.
     nodeTools.reset();
+    shapeImport.reset();
+    importResults->clear();
     tree->ShowProject(
         loaded->Nodes(), loaded->NodeOrder(), loaded->Tables(), loaded->Participants(), loaded->Galleries());
     project = std::move(loaded);
@@ -215,8 +227,95 @@ void MainWindow::openNodeTools()
     updateProjectState();
 }
 
+void MainWindow::openShapeImport()
+{
+    if (!project)
+        return;
+    if (!shapeImport) {
+        shapeImport = std::make_unique<DialogImportShapeFile>(this, settings);
+        shapeImport->SetGeoSystemForProject(GeoSystemSettings::FromString(project->GeoSystem()));
+        shapeImport->SetGeoFilter(QSharedPointer<QMap<QString, QPainterPath>>::create(project->Areas()));
+    }
+    shapeImport->Initialize();
+    if (shapeImport->Execute()) {
+        showImportResults(*shapeImport);
+        pages->setCurrentWidget(importResults);
+    }
+}
+
+namespace {
+
+QString pointsText(const QList<QVector<PointF>>& lines)
+{
+    int points = 0;
+    for (const auto& line : lines)
+        points += line.size();
+    return QStringLiteral("%1 Teil(e), %2 Punkte").arg(lines.size()).arg(points);
+}
+
+} // namespace
+
+void MainWindow::showImportResults(const DialogImportShapeFile& import)
+{
+    importResults->clear();
+    const auto add = [this](QTreeWidgetItem* parent, const QString& object, const QString& text) {
+        auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(importResults);
+        item->setText(0, object);
+        item->setText(1, text);
+        return item;
+    };
+    switch (import.GetImportMode()) {
+    case DialogImportShapeFile::imSheets: {
+        QMap<int, QMap<QString, QList<PointF>>> scales;
+        import.GetScalesMap(scales);
+        for (auto scale = scales.cbegin(); scale != scales.cend(); ++scale) {
+            QTreeWidgetItem* group = add(
+                nullptr, QStringLiteral("1:%1").arg(scale.key()), QStringLiteral("%1 Blätter").arg(scale->size()));
+            for (auto sheet = scale->cbegin(); sheet != scale->cend(); ++sheet) {
+                QStringList points;
+                for (const PointF& point : sheet.value())
+                    points.append(QStringLiteral("(%1 %2)").arg(point.X(), 0, 'f', 2).arg(point.Y(), 0, 'f', 2));
+                add(group, sheet.key(), points.join(QLatin1Char(' ')));
+            }
+        }
+        break;
+    }
+    case DialogImportShapeFile::imRoutes:
+        for (const RoadObject& road : import.GetRoads())
+            add(nullptr, road.name.isEmpty() ? road.id : road.name,
+                QStringLiteral("%1 %2, %3").arg(road.number, road.variant, pointsText(road.lines)).simplified());
+        break;
+    case DialogImportShapeFile::imDistricts:
+        for (const DistrictPiece& piece : import.GetDistrictPieces())
+            add(nullptr, piece.number,
+                QStringLiteral("%1 %2").arg(piece.normalisedNumber, pointsText(piece.rings)).simplified());
+        break;
+    case DialogImportShapeFile::imBuildings:
+        for (const BuildingObject& building : import.GetBuildings())
+            add(nullptr, building.id,
+                QStringLiteral("%1 %2, %3 %4 – %5")
+                    .arg(building.street, building.houseNumber, building.zipCode, building.town,
+                        pointsText(building.rings))
+                    .simplified());
+        break;
+    }
+    importResults->expandAll();
+    importResults->resizeColumnToContents(0);
+    for (const QString& warning : import.GetWarnings())
+        add(nullptr, QStringLiteral("Hinweis"), warning);
+}
+
+QStringList MainWindow::ImportResultLines() const
+{
+    QStringList lines;
+    for (QTreeWidgetItemIterator it(importResults); *it; ++it)
+        lines.append((*it)->text(0) + QStringLiteral(": ") + (*it)->text(1));
+    return lines;
+}
+
 void MainWindow::showDetails()
 {
+    pages->setCurrentWidget(details);
     details->setHtml(describe(TreeWidget::GetItemInfo(tree->currentItem())));
 }
 

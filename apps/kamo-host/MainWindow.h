@@ -4,9 +4,11 @@
 #include <QList>
 #include <QMainWindow>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
+class DialogImportShapeFile;
 class DialogNodeTools;
 class ItemInfo;
 class ProjectDescription;
@@ -14,7 +16,9 @@ class QAction;
 class QLabel;
 class QMenu;
 class QSettings;
+class QTabWidget;
 class QTextBrowser;
+class QTreeWidget;
 class TreeWidget;
 
 // The demo host's window: the project tree of one open project, the record
@@ -43,6 +47,8 @@ public:
     // Runs the tool `id` ("node-tools") as its menu entry does; false when
     // there is no such tool or no project is open.
     bool RunTool(const QString& id);
+    // The imported records as the import pane lists them, one line each.
+    QStringList ImportResultLines() const;
     // What the details pane shows for the selected item.
     QString DetailsText() const;
 
@@ -59,6 +65,8 @@ private:
     QAction* addTool(const QString& id, const QString& text, void (MainWindow::*run)());
     void chooseProject();
     void openNodeTools();
+    void openShapeImport();
+    void showImportResults(const DialogImportShapeFile& import);
     void showDetails();
     void updateProjectState();
     QString describe(const ItemInfo* info) const;
@@ -66,6 +74,8 @@ private:
     QSettings* settings;
     TreeWidget* tree;
     QTextBrowser* details;
+    QTabWidget* pages;
+    QTreeWidget* importResults;
     QLabel* status;
     QMenu* toolsMenu = nullptr;
     QList<QAction*> projectActions;
@@ -74,6 +84,7 @@ private:
     // Lives as long as the project it was handed, so that a data folder
     // chosen in the dialog is kept for the next run.
     std::unique_ptr<DialogNodeTools> nodeTools;
+    std::unique_ptr<DialogImportShapeFile> shapeImport;
 };
 
 #endif

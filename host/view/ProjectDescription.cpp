@@ -75,6 +75,8 @@ void ProjectDescription::clear()
     files.clear();
     pins.clear();
     zoneNames.clear();
+    geoSystem.clear();
+    areas.clear();
     id.clear();
     name.clear();
 }
@@ -135,6 +137,23 @@ bool ProjectDescription::LoadFile(const QString& path)
     name = root.value(QStringLiteral("Name")).toString();
     for (const QJsonValue& zone : root.value(QStringLiteral("Zones")).toArray())
         zoneNames.append(zone.toString());
+    geoSystem = root.value(QStringLiteral("GeoSystem")).toString();
+    const QJsonObject areaList = root.value(QStringLiteral("Areas")).toObject();
+    for (auto area = areaList.begin(); area != areaList.end(); ++area) {
+        QPolygonF outline;
+        for (const QJsonValue& point : area.value().toArray()) {
+            const QJsonArray xy = point.toArray();
+            if (xy.size() != 2 || !xy.at(0).isDouble() || !xy.at(1).isDouble())
+                return fail(QStringLiteral("%1: area \"%2\": points are [x, y] pairs").arg(path, area.key()));
+            outline.append(QPointF(xy.at(0).toDouble(), xy.at(1).toDouble()));
+        }
+        if (outline.size() < 3)
+            return fail(QStringLiteral("%1: area \"%2\" needs at least three points").arg(path, area.key()));
+        QPainterPath shape;
+        shape.addPolygon(outline);
+        shape.closeSubpath();
+        areas.insert(area.key(), shape);
+    }
     if (zoneNames.size() > NodeInfo::MaxZones)
         return fail(QStringLiteral("%1: at most %2 zones").arg(path).arg(NodeInfo::MaxZones));
 

@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QList>
 #include <QMap>
+#include <QPainterPath>
 #include <QString>
 #include <QStringList>
 
@@ -39,6 +40,12 @@ public:
 
     const QString& Id() const { return id; }
     const QString& Name() const { return name; }
+    // The project's geo reference system as GeoSystemSettings reads it
+    // ("EPSG:25832"); empty when the project has none.
+    const QString& GeoSystem() const { return geoSystem; }
+    // Named areas of the project (construction fields, study areas) in its
+    // geo system: imports can be limited to them.
+    const QMap<QString, QPainterPath>& Areas() const { return areas; }
     // Names of the zones 1.., as many as the project uses; may be empty.
     const QStringList& ZoneNames() const { return zoneNames; }
 
@@ -70,6 +77,8 @@ private:
     QString id;
     QString name;
     QStringList zoneNames;
+    QString geoSystem;
+    QMap<QString, QPainterPath> areas;
     QMap<int, NodeInfo*> nodes;
     QList<int> nodeOrder;
     QMap<QString, NodeFileInfo> files;

@@ -54,6 +54,8 @@ void ImportRouteDataFromShapeFile::ProcessObject(const ShapeObject& object)
     fields->ReadString(record, tfName, road.name);
     fields->ReadString(record, tfNumber, road.number);
     fields->ReadString(record, tfVariant, road.variant);
+    if (road.variant.isEmpty())
+        road.variant = defaultVariant;
     if (CheckIntersection(road))
         roads.append(road);
 }

@@ -20,6 +20,9 @@ public:
 
     ImportRouteDataFromShapeFile();
 
+    // Taken for routes whose variant is empty or not assigned.
+    void SetDefaultVariant(const QString& variant) { defaultVariant = variant; }
+
     bool Execute();
     const QList<RoadObject>& GetRoads() const { return roads; }
 
@@ -27,6 +30,7 @@ private:
     bool ImportFile(const QString& shapeFile, const QString& dbFile);
     void ProcessObject(const ShapeObject& object);
 
+    QString defaultVariant;
     QList<RoadObject> roads;
 };
 

@@ -1,3 +1,4 @@
+#include "ModalDriver.h"
 #include "TestProject.h"
 
 #include <dialogs/DialogNodeTools.h>
@@ -23,49 +24,6 @@
 #include <functional>
 
 namespace {
-
-// Answers the modal windows that a call opens, one handler per window in
-// the order they come; progress dialogs are let be.
-class ModalDriver : public QObject
-{
-public:
-    using Handler = std::function<void(QWidget*)>;
-
-    ModalDriver()
-    {
-        connect(&timer, &QTimer::timeout, this, &ModalDriver::poll);
-        timer.start(10);
-    }
-    void Expect(const char* className, Handler handler) { steps.append({ className, std::move(handler) }); }
-    QStringList Seen() const { return seen; }
-
-private:
-    void poll()
-    {
-        QWidget* window = QApplication::activeModalWidget();
-        if (!window || steps.isEmpty() || !window->inherits(steps.first().className))
-            return;
-        const Step step = steps.takeFirst();
-        seen.append(window->metaObject()->className());
-        step.handler(window);
-    }
-
-    struct Step {
-        const char* className;
-        Handler handler;
-    };
-    QTimer timer;
-    QList<Step> steps;
-    QStringList seen;
-};
-
-template <typename T> T* child(QWidget* parent, const char* name)
-{
-    T* widget = parent->findChild<T*>(name);
-    if (!widget)
-        qFatal("no widget %s", name);
-    return widget;
-}
 
 QStringList tabTitles(QWidget* dialog)
 {

@@ -1,11 +1,15 @@
+#include "../../dialogs/ModalDriver.h"
 #include "../SampleProject.h"
 #include "MainWindow.h"
 
 #include <ProjectDescription.h>
 #include <TreeWidget.h>
+#include <dialogs/DlgShapeImport.h>
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDirIterator>
 #include <QImage>
 #include <QMenuBar>
@@ -15,6 +19,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 
 namespace {
 
@@ -47,6 +52,7 @@ private Q_SLOTS:
     void failedOpenKeepsTheOpenProject_data();
     void failedOpenKeepsTheOpenProject();
     void toolsNeedAProject();
+    void shapeImportConvertsAndKeepsTheProjectArea();
     void screenshot_data();
     void screenshot();
 };
@@ -148,6 +154,34 @@ void KamoHostTest::toolsNeedAProject()
     QVERIFY(window.LoadProject(copySample(dir)));
     QVERIFY(nodeTools->isEnabled());
     QCOMPARE(window.windowTitle(), QString("Musterstadt Kanalsanierung – Kamo Demo"));
+}
+
+void KamoHostTest::shapeImportConvertsAndKeepsTheProjectArea()
+{
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath("host.ini"), QSettings::IniFormat);
+    MainWindow window(&settings);
+    const QString root = copySample(dir);
+    QVERIFY(window.LoadProject(root));
+    ModalDriver driver;
+    driver.Expect("DlgShapeImport", [&root](QWidget* widget) {
+        auto* dialog = static_cast<DlgShapeImport*>(widget);
+        dialog->SetImportMode(DlgShapeImport::imBuildings);
+        dialog->SetShapeFilename(root + "/GIS/Gebaeude.shp");
+        dialog->SetGeoSystemForImportFile(GeoSystemSettings::FromEpsg(31467));
+        QTreeWidget* tree = dialog->GetFieldAssignmentTree();
+        auto* id = qobject_cast<QComboBox*>(tree->itemWidget(tree->topLevelItem(0), 2));
+        id->setCurrentIndex(id->findText("Id"));
+        dialog->findChild<QCheckBox*>("chkUseGeoFilter")->setChecked(true);
+        dialog->OnAccepted();
+    });
+    QVERIFY(window.RunTool("shape-import"));
+    QCOMPARE(driver.Seen(), QStringList { "DlgShapeImport" });
+    // Converted into the project's system, building 4 lies east of the
+    // project's area.
+    const QStringList lines = window.ImportResultLines();
+    QCOMPARE(lines.size(), 3);
+    QVERIFY2(lines.at(2).startsWith("DEBW0003: "), qPrintable(lines.join('\n')));
 }
 
 void KamoHostTest::screenshot_data()

@@ -44,6 +44,8 @@ void ProjectDescriptionTest::sampleProjectLoads()
     QCOMPARE(description.Participants().value(12)->Name(), "Eigentümer Lindenweg 7");
     QCOMPARE(description.Tables().value(2)->Columns().size(), 3);
     QCOMPARE(description.Galleries().value(1)->Folder(), "Fotos/BA2");
+    QCOMPARE(description.GeoSystem(), "EPSG:25832");
+    QVERIFY(description.Areas().value("Baufeld West").contains(QPointF(500000, 5398300)));
 }
 
 void ProjectDescriptionTest::malformedFilesAreRejected_data()
@@ -75,6 +77,12 @@ void ProjectDescriptionTest::malformedFilesAreRejected_data()
         << "Participants 2: id 3 is used twice";
     QTest::newRow("table without id") << QByteArray(R"({"Version": 1, "Nodes": [], "Tables": [{"Name": "T"}]})")
                                       << "Tables 1: \"Id\" must be a positive whole number";
+    QTest::newRow("area of two points") << QByteArray(
+        R"({"Version": 1, "Nodes": [], "Areas": {"A": [[0, 0], [1, 1]]}})")
+                                        << "area \"A\" needs at least three points";
+    QTest::newRow("area point not a pair")
+        << QByteArray(R"({"Version": 1, "Nodes": [], "Areas": {"A": [[0, 0], [1], [2, 2]]}})")
+        << "area \"A\": points are [x, y] pairs";
     QTest::newRow("page 01") << QByteArray(R"({"Version": 1, "Nodes": [], "Pins": {"a.pdf": {"01": []}}})")
                              << "page \"01\" must be a number from 1";
 }

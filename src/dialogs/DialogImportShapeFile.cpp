@@ -1,0 +1,228 @@
+#include "dialogs/DialogImportShapeFile.h"
+
+#include "dialogs/DlgShapeImport.h"
+#include "shapeimport/ImportBuildingFromShapeFile.h"
+#include "shapeimport/ImportDistrictsFromShapeFile.h"
+#include "shapeimport/ImportFieldManager.h"
+#include "shapeimport/ImportRouteDataFromShapeFile.h"
+#include "shapeimport/ImportSheetDataFromShapeFile.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QTreeWidget>
+
+DialogImportShapeFile::DialogImportShapeFile(QWidget* parent, QSettings* settings)
+    : parent(parent)
+    , settings(settings)
+    , dialog(new DlgShapeImport(parent))
+{
+    dialog->SetSettings(settings);
+}
+
+DialogImportShapeFile::~DialogImportShapeFile()
+{
+    delete dialog;
+}
+
+void DialogImportShapeFile::SetImportMode(ImportMode mode)
+{
+    dialog->SetImportMode(mode);
+}
+DialogImportShapeFile::ImportMode DialogImportShapeFile::GetImportMode() const
+{
+    return static_cast<ImportMode>(dialog->GetImportMode());
+}
+void DialogImportShapeFile::SetShapeFilename(const QString& file)
+{
+    dialog->SetShapeFilename(file);
+}
+QString DialogImportShapeFile::GetShapeFilename() const
+{
+    return dialog->GetShapeFilename();
+}
+void DialogImportShapeFile::SetGeoSystemForProject(const GeoSystemSettings& system)
+{
+    dialog->SetGeoSystemForProject(system);
+}
+void DialogImportShapeFile::SetGeoSystemForImportFile(const GeoSystemSettings& system)
+{
+    dialog->SetGeoSystemForImportFile(system);
+}
+GeoSystemSettings DialogImportShapeFile::GetGeoSystemForImportFile() const
+{
+    return dialog->GetGeoSystemForImportFile();
+}
+void DialogImportShapeFile::SetGeoFilter(QSharedPointer<QMap<QString, QPainterPath>> filter)
+{
+    dialog->SetGeoFilter(filter);
+}
+void DialogImportShapeFile::SetCorrectVertexOrder(bool correct)
+{
+    dialog->SetCorrectVertexOrder(correct);
+}
+void DialogImportShapeFile::SetPointSelectMode(int mode)
+{
+    dialog->SetPointSelectMode(mode);
+}
+void DialogImportShapeFile::SetIndexForPoint1(int index)
+{
+    dialog->SetIndexForPoint1(index);
+}
+void DialogImportShapeFile::SetIndexForPoint2(int index)
+{
+    dialog->SetIndexForPoint2(index);
+}
+void DialogImportShapeFile::SetScaleImportMode(int mode)
+{
+    dialog->SetScaleImportMode(mode);
+}
+void DialogImportShapeFile::SetFixedScale(int scale)
+{
+    dialog->SetFixedScale(scale);
+}
+void DialogImportShapeFile::SetPageAdditionalText(const QString& text)
+{
+    dialog->SetPageAdditionalText(text);
+}
+void DialogImportShapeFile::SetDefaultVariant(const QString& variant)
+{
+    dialog->SetDefaultVariant(variant);
+}
+void DialogImportShapeFile::SetFilesToProcess(const QStringList& files)
+{
+    filesToProcess = files;
+}
+QStringList DialogImportShapeFile::GetFilesToProcess() const
+{
+    return filesToProcess;
+}
+
+void DialogImportShapeFile::Initialize()
+{
+    dialog->Initialize();
+}
+
+void DialogImportShapeFile::SaveToImportFieldManager(ImportFieldManager* manager) const
+{
+    if (!manager)
+        return;
+    const QTreeWidget* tree = dialog->GetFieldAssignmentTree();
+    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* item = tree->topLevelItem(i);
+        const auto* choices = qobject_cast<QComboBox*>(tree->itemWidget(item, 2));
+        if (!choices || choices->currentIndex() < 0)
+            continue;
+        const int id = choices->currentData(Qt::UserRole).toInt();
+        if (id != -1)
+            manager->SetAssignment(id, item->text(0));
+    }
+}
+
+bool DialogImportShapeFile::Execute()
+{
+    scalesMap.clear();
+    roads.clear();
+    districtPieces.clear();
+    buildings.clear();
+    lastError.clear();
+    warnings.clear();
+    if (dialog->exec() != QDialog::Accepted)
+        return false;
+
+    // The chosen file first, then the others the host named, each once.
+    QStringList files { dialog->GetShapeFilename() };
+    for (const QString& file : qAsConst(filesToProcess)) {
+        if (!files.contains(file))
+            files.append(file);
+    }
+    QProgressDialog progress(parent);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setCancelButton(nullptr);
+    progress.setWindowTitle(QCoreApplication::translate("DlgShapeImport", "Shape File Import"));
+    progress.setMaximum(files.size());
+    // Only the first file can have an attribute table chosen for it.
+    bool ok = true;
+    for (int i = 0; i < files.size() && ok; ++i) {
+        progress.setLabelText(QDir::toNativeSeparators(files.at(i)));
+        progress.setValue(i);
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        ok = import(files.at(i), i == 0 ? dialog->GetShapeDbFilename() : QString());
+        QApplication::restoreOverrideCursor();
+    }
+    progress.setValue(files.size());
+    if (!ok) {
+        QMessageBox::warning(parent, QCoreApplication::translate("DlgShapeImport", "Shape File Import"), lastError);
+        return false;
+    }
+    return true;
+}
+
+bool DialogImportShapeFile::import(const QString& shapeFile, const QString& dbFile)
+{
+    const auto configure = [&](ShapeFileImporter& importer) {
+        importer.SetShapeFilename(shapeFile);
+        importer.SetShapeDbFilename(dbFile);
+        importer.SetGeoSystemForImportFile(dialog->GetGeoSystemForImportFile());
+        importer.SetGeoSystemForProject(dialog->GetGeoSystemForProject());
+        importer.SetPageAdditionalText(dialog->GetPageAdditionalText());
+        if (dialog->GetUseGeoFilter())
+            importer.SetGeoFilter(dialog->GetGeoFilter());
+        SaveToImportFieldManager(importer.GetImportFieldManager());
+    };
+    const auto finish = [&](const ShapeFileImporter& importer, bool ok) {
+        warnings += importer.GetWarnings();
+        if (!ok) {
+            lastError = QCoreApplication::translate("DlgShapeImport", "%1: %2")
+                            .arg(QDir::toNativeSeparators(shapeFile), importer.GetLastErrorMessage());
+        }
+        return ok;
+    };
+
+    switch (dialog->GetImportMode()) {
+    case DlgShapeImport::imRoutes: {
+        ImportRouteDataFromShapeFile importer;
+        configure(importer);
+        importer.SetDefaultVariant(dialog->GetDefaultVariant());
+        // Answers true whenever a name is set: the message tells.
+        const bool ok = importer.Execute() && importer.GetLastErrorMessage().isEmpty();
+        roads += importer.GetRoads();
+        return finish(importer, ok);
+    }
+    case DlgShapeImport::imDistricts: {
+        ImportDistrictsFromShapeFile importer;
+        configure(importer);
+        const bool ok = importer.Execute();
+        districtPieces += importer.GetDistrictPieces();
+        return finish(importer, ok);
+    }
+    case DlgShapeImport::imBuildings: {
+        ImportBuildingFromShapeFile importer;
+        configure(importer);
+        const bool ok = importer.Execute();
+        buildings += importer.GetBuildings();
+        return finish(importer, ok);
+    }
+    default: {
+        ImportSheetDataFromShapeFile importer;
+        configure(importer);
+        importer.SetCorrectVertexOrder(dialog->GetCorrectVertexOrder());
+        importer.SetPointSelectMode(dialog->GetPointSelectMode());
+        importer.SetIndexForPoint1(dialog->GetIndexForPoint1());
+        importer.SetIndexForPoint2(dialog->GetIndexForPoint2());
+        importer.SetScaleImportMode(dialog->GetScaleImportMode());
+        importer.SetFixedScale(dialog->GetFixedScale());
+        const bool ok = importer.Execute();
+        QMap<int, QMap<QString, QList<PointF>>> scales;
+        importer.GetScalesMap(scales);
+        for (auto scale = scales.cbegin(); scale != scales.cend(); ++scale) {
+            for (auto sheet = scale->cbegin(); sheet != scale->cend(); ++sheet)
+                scalesMap[scale.key()].insert(sheet.key(), sheet.value());
+        }
+        return finish(importer, ok);
+    }
+    }
+}

@@ -1,0 +1,240 @@
+#include "ModalDriver.h"
+
+#include <dialogs/DialogImportShapeFile.h>
+#include <dialogs/DlgShapeImport.h>
+#include <shapeimport/ImportFieldManager.h>
+#include <shapeimport/ImportSheetDataFromShapeFile.h>
+
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeWidget>
+
+namespace {
+
+QString data(const QString& name)
+{
+    return QStringLiteral(KAMO_SHAPE_DATA "/") + name;
+}
+
+QComboBox* choices(const DlgShapeImport& dialog, int row)
+{
+    QTreeWidget* tree = dialog.GetFieldAssignmentTree();
+    return qobject_cast<QComboBox*>(tree->itemWidget(tree->topLevelItem(row), 2));
+}
+
+// "COLUMN=target" for every row, "-" for unassigned ones.
+QStringList choicesShown(const DlgShapeImport& dialog)
+{
+    QStringList shown;
+    QTreeWidget* tree = dialog.GetFieldAssignmentTree();
+    for (int row = 0; row < tree->topLevelItemCount(); ++row) {
+        const QComboBox* list = choices(dialog, row);
+        shown.append(tree->topLevelItem(row)->text(0) + '='
+            + (list->currentData().toInt() == -1 ? QString("-") : list->currentText()));
+    }
+    return shown;
+}
+
+void choose(DlgShapeImport& dialog, int row, const QString& target)
+{
+    QComboBox* list = choices(dialog, row);
+    list->setCurrentIndex(list->findText(target));
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+} // namespace
+
+class DlgShapeImportTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void choiceListsFollowTheImporter_data();
+    void choiceListsFollowTheImporter();
+    void importedAssignments_data();
+    void importedAssignments();
+    void exportThenImportGivesTheChoicesBack();
+    void laterColumnWinsInTheFieldManager();
+    void fileSystemComesFromItsProjection();
+    void facadeImportsWhatWasChosen();
+};
+
+void DlgShapeImportTest::choiceListsFollowTheImporter_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QStringList>("items");
+    QTest::newRow("sheets") << int(DlgShapeImport::imSheets)
+                            << QStringList { "<Not Assigned>", "SheetNr", "SheetNr2", "SheetScale" };
+    QTest::newRow("routes") << int(DlgShapeImport::imRoutes)
+                            << QStringList { "<Not Assigned>", "Id", "Name", "Number", "Variant" };
+    QTest::newRow("buildings") << int(DlgShapeImport::imBuildings)
+                               << QStringList { "<Not Assigned>", "Id", "Type", "DistrictNumber", "Owner-Street",
+                                      "Owner-Housenumber-Add", "Owner-ZipCode", "Owner-Town", "Building-Street",
+                                      "Building-HouseNumber", "Building-ZipCode", "Building-Town",
+                                      "Building-District" };
+}
+
+void DlgShapeImportTest::choiceListsFollowTheImporter()
+{
+    QFETCH(int, mode);
+    QFETCH(QStringList, items);
+    DlgShapeImport dialog;
+    dialog.SetImportMode(mode == DlgShapeImport::imSheets ? DlgShapeImport::imRoutes : DlgShapeImport::imSheets);
+    dialog.SetShapeFilename(data("sheets.shp"));
+    choices(dialog, 0)->setCurrentIndex(1);
+    dialog.SetImportMode(mode);
+    QCOMPARE(dialog.GetFieldAssignmentTree()->topLevelItemCount(), 3);
+    QStringList shown;
+    QComboBox* list = choices(dialog, 2);
+    for (int i = 0; i < list->count(); ++i)
+        shown.append(list->itemText(i));
+    QCOMPARE(shown, items);
+    QCOMPARE(list->itemData(0).toInt(), -1);
+    // A change of importer starts from nothing assigned.
+    QCOMPARE(choicesShown(dialog), (QStringList { "BLATTNR=-", "BLATT2=-", "MASSSTAB=-" }));
+
+    choose(dialog, 1, items.at(1));
+    choose(dialog, 2, items.at(2));
+    dialog.OnResetFieldAssignmentsClicked();
+    QCOMPARE(choicesShown(dialog), (QStringList { "BLATTNR=-", "BLATT2=-", "MASSSTAB=-" }));
+}
+
+void DlgShapeImportTest::importedAssignments_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QStringList>("shown");
+    QTest::addColumn<QString>("note");
+    const QStringList before { "BLATTNR=-", "BLATT2=SheetNr2", "MASSSTAB=-" };
+    const QByteArray list = R"("FieldAssignments": [{"FieldName": "BLATTNR", "TargetFieldId": 10},
+                                                      {"FieldName": "MASSSTAB", "TargetFieldId": 20}])";
+    QTest::newRow("version 1: reset, then applied")
+        << "{\"Version\": 1, " + list + "}" << QStringList { "BLATTNR=SheetNr", "BLATT2=-", "MASSSTAB=SheetScale" }
+        << "";
+    QTest::newRow("no version is an old file")
+        << "{" + list + "}" << QStringList { "BLATTNR=SheetNr", "BLATT2=-", "MASSSTAB=SheetScale" } << "";
+    QTest::newRow("version 2 changes nothing") << "{\"Version\": 2, " + list + "}" << before << "";
+    QTest::newRow("empty list changes nothing")
+        << QByteArray(R"({"Version": 1, "FieldAssignments": []})") << before << "";
+    QTest::newRow("not JSON changes nothing") << QByteArray("BLATTNR=10") << before << "";
+    QTest::newRow("unknown column and id named")
+        << QByteArray(R"({"FieldAssignments": [{"FieldName": "NUMMER", "TargetFieldId": 10},
+                                                {"FieldName": "BLATT2", "TargetFieldId": 52}]})")
+        << QStringList { "BLATTNR=-", "BLATT2=-", "MASSSTAB=-" }
+        << "Columns of the file not in this attribute table: NUMMER. Target fields the import of sheets does not "
+           "have: 52 (column BLATT2).";
+}
+
+void DlgShapeImportTest::importedAssignments()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QStringList, shown);
+    QFETCH(QString, note);
+    QTemporaryDir dir;
+    writeFile(dir.filePath("a.json"), json);
+    DlgShapeImport dialog;
+    dialog.SetShapeFilename(data("sheets.shp"));
+    choose(dialog, 1, "SheetNr2");
+    dialog.LoadFieldAssignments(dir.filePath("a.json"));
+    QCOMPARE(choicesShown(dialog), shown);
+    QCOMPARE(dialog.GetAssignmentNote(), note);
+}
+
+void DlgShapeImportTest::exportThenImportGivesTheChoicesBack()
+{
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath("s.ini"), QSettings::IniFormat);
+    const QString file = dir.filePath("zuordnung.json");
+    DlgShapeImport dialog;
+    dialog.SetSettings(&settings);
+    dialog.SetImportMode(DlgShapeImport::imBuildings);
+    dialog.SetShapeFilename(data("buildings.shp"));
+    choose(dialog, 0, "Id");
+    choose(dialog, 4, "Owner-Housenumber-Add");
+    ModalDriver driver;
+    driver.Expect("QFileDialog", [&file](QWidget* window) {
+        auto* chooser = static_cast<QFileDialog*>(window);
+        chooser->selectFile(file);
+        static_cast<QDialog*>(chooser)->accept(); // public only in the base
+    });
+    dialog.OnSaveFieldAssignmentsClicked();
+    QCOMPARE(driver.Seen(), QStringList { "QFileDialog" });
+    QCOMPARE(settings.value("DlgShapeImport/FieldAssignmentFileMRU").toString(), file);
+
+    dialog.OnResetFieldAssignmentsClicked();
+    dialog.LoadFieldAssignments(file);
+    QCOMPARE(choicesShown(dialog).mid(0, 5),
+        (QStringList { "GEB_ID=Id", "GEMARKUNG=-", "ART=-", "E_STRASSE=-", "E_HNR=Owner-Housenumber-Add" }));
+    QCOMPARE(dialog.GetAssignmentNote(), QString());
+}
+
+void DlgShapeImportTest::laterColumnWinsInTheFieldManager()
+{
+    DialogImportShapeFile facade(nullptr, nullptr);
+    facade.SetShapeFilename(data("sheets.shp"));
+    DlgShapeImport& dialog = *facade.GetDialog();
+    choose(dialog, 0, "SheetNr");
+    choose(dialog, 1, "SheetNr");
+    QVERIFY(dialog.GetAssignmentNote().contains("SheetNr is assigned to BLATTNR, BLATT2"));
+    ImportFieldManager manager;
+    manager.SetAssignment(20, "KEPT");
+    facade.SaveToImportFieldManager(&manager);
+    QCOMPARE(manager.GetAssignments(), (QMap<int, QString> { { 10, "BLATT2" }, { 20, "KEPT" } }));
+}
+
+void DlgShapeImportTest::fileSystemComesFromItsProjection()
+{
+    DlgShapeImport found;
+    found.SetShapeFilename(data("sheets.shp"));
+    QCOMPARE(found.GetGeoSystemForImportFile().ToString(), "EPSG:31467");
+
+    DlgShapeImport preset;
+    preset.SetGeoSystemForImportFile(GeoSystemSettings::FromEpsg(25832));
+    preset.SetShapeFilename(data("sheets.shp"));
+    QCOMPARE(preset.GetGeoSystemForImportFile().ToString(), "EPSG:25832");
+}
+
+void DlgShapeImportTest::facadeImportsWhatWasChosen()
+{
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath("s.ini"), QSettings::IniFormat);
+    DialogImportShapeFile facade(nullptr, &settings);
+    facade.SetImportMode(DialogImportShapeFile::imSheets);
+    facade.SetShapeFilename(data("sheets.shp"));
+    facade.SetFilesToProcess({ data("nodbf.shp") });
+    facade.Initialize();
+    ModalDriver driver;
+    driver.Expect("DlgShapeImport", [](QWidget* window) {
+        auto* dialog = static_cast<DlgShapeImport*>(window);
+        choose(*dialog, 0, "SheetNr");
+        choose(*dialog, 2, "SheetScale");
+        dialog->SetScaleImportMode(ImportSheetDataFromShapeFile::ssimFromTable);
+        dialog->OnAccepted();
+    });
+    QVERIFY(facade.Execute());
+    QMap<int, QMap<QString, QList<PointF>>> scales;
+    facade.GetScalesMap(scales);
+    QCOMPARE(scales.keys(), (QList<int> { 0, 1000, 2500, 5000 }));
+    QCOMPARE(scales.value(2500).keys(), (QStringList { "42", "46" }));
+    // The second file has no table: its sheets are numbered by record.
+    QCOMPARE(scales.value(0).keys(), (QStringList { "leer1", "leer2", "leer4" }));
+
+    // The values count for the next opening, the assignments with them.
+    QCOMPARE(settings.value("DlgShapeImport/ScaleImportMode").toInt(), 1);
+    DialogImportShapeFile next(nullptr, &settings);
+    next.Initialize();
+    QCOMPARE(next.GetShapeFilename(), data("sheets.shp"));
+    QCOMPARE(choicesShown(*next.GetDialog()), (QStringList { "BLATTNR=SheetNr", "BLATT2=-", "MASSSTAB=SheetScale" }));
+}
+
+QTEST_MAIN(DlgShapeImportTest)
+#include "DlgShapeImportTest.moc"
