@@ -41,6 +41,74 @@ GERMAN = {
     "Building-ZipCode": "Gebäude-PLZ",
     "Building-Town": "Gebäude-Ort",
     "Building-District": "Gebäude-Ortsteil",
+    # Shape-import dialog
+    "Shape File Import": "Shape-Import",
+    "Source": "Quelle",
+    "Import": "Importieren",
+    "Sheets": "Blätter",
+    "Routes": "Trassen",
+    "Districts": "Flurstücke",
+    "Buildings": "Gebäude",
+    "Shape file": "Shape-Datei",
+    "Attribute table": "Attributtabelle",
+    "beside the shape file": "neben der Shape-Datei",
+    "Geo systems": "Geosysteme",
+    "File": "Datei",
+    "Project": "Projekt",
+    "Only objects within the project areas": "Nur Objekte in den Projektgebieten",
+    "Field assignment": "Feldzuordnung",
+    "Column": "Spalte",
+    "Type": "Art",
+    "Target field": "Zielfeld",
+    "Reset": "Zurücksetzen",
+    "Import...": "Importieren...",
+    "Export...": "Exportieren...",
+    "Attributes": "Attribute",
+    "Map": "Karte",
+    "Sheet options": "Blattoptionen",
+    "Correct the corner order along the sheet numbers": "Eckenreihenfolge entlang der Blattnummern korrigieren",
+    "Points": "Punkte",
+    "Four corners, clockwise from the north": "Vier Ecken, im Uhrzeigersinn ab Norden",
+    "Points of the frame": "Punkte des Rahmens",
+    "Scale": "Maßstab",
+    "Fixed": "Fest",
+    "From the column assigned to SheetScale": "Aus der Spalte für „Maßstab“",
+    "Page text": "Seitentext",
+    'appended to every sheet number after "_"': "wird jeder Blattnummer nach „_“ angehängt",
+    "Route options": "Trassenoptionen",
+    "Variant when empty": "Variante, wenn leer",
+    "The shape file cannot be read.": "Die Shape-Datei kann nicht gelesen werden.",
+    "No attribute table: every attribute stays empty.": "Keine Attributtabelle: alle Attribute bleiben leer.",
+    "<Not Assigned>": "<Nicht zugeordnet>",
+    "%1 (column %2)": "%1 (Spalte %2)",
+    "Columns of the file not in this attribute table: %1.": "Spalten der Datei, die diese Attributtabelle nicht hat: %1.",
+    "Target fields not offered for %1: %2.": "Für %1 nicht angebotene Zielfelder: %2.",
+    "Import field assignments": "Feldzuordnungen importieren",
+    "Export field assignments": "Feldzuordnungen exportieren",
+    "%1 cannot be written: %2": "%1 kann nicht geschrieben werden: %2",
+    "Select shape file": "Shape-Datei wählen",
+    "Shape files (*.shp);;All files (*)": "Shape-Dateien (*.shp);;Alle Dateien (*)",
+    "Select attribute table": "Attributtabelle wählen",
+    "Attribute tables (*.dbf);;All files (*)": "Attributtabellen (*.dbf);;Alle Dateien (*)",
+    "not set: no conversion": "nicht gesetzt: keine Umrechnung",
+    "%1 is assigned to %2; the last of them counts.": "%1 ist %2 zugeordnet; die letzte Spalte gilt.",
+    "%1: %2": "%1: %2",
+    # Geo-system chooser
+    "Select Geo System": "Geosystem auswählen",
+    "EPSG code or name": "EPSG-Code oder Name",
+    "Code": "Code",
+    "Area of use: %1": "Anwendungsbereich: %1",
+    "No geo system selected.": "Kein Geosystem ausgewählt.",
+}
+
+# Where one English word needs two German ones.
+GERMAN_IN_CONTEXT = {
+    ("DlgShapeImport", "Type"): "Typ",
+}
+
+# Texts with a number: the German singular and plural.
+GERMAN_NUMERUS = {
+    "%1, %n object(s)": ("%1, %n Objekt", "%1, %n Objekte"),
 }
 
 # Contexts whose source texts are German.
@@ -57,7 +125,13 @@ def main(path):
             if translation.get("type") != "unfinished":
                 continue
             source = message.findtext("source")
-            german = GERMAN.get(source)
+            if message.get("numerus") == "yes" and source in GERMAN_NUMERUS:
+                forms = translation.findall("numerusform")
+                for form, text in zip(forms, GERMAN_NUMERUS[source]):
+                    form.text = text
+                del translation.attrib["type"]
+                continue
+            german = GERMAN_IN_CONTEXT.get((name, source), GERMAN.get(source))
             if german is None and name in GERMAN_CONTEXTS:
                 german = source
             if german is None:

@@ -18,11 +18,11 @@ export QT_QPA_PLATFORM=offscreen
 shot() {
     settings=$1
     shift
-    "$bin/kamo-host" --settings "$settings" --lang de "$@" "$project" 2>/dev/null
+    "$bin/kamo-host" --settings "$settings" "$@" "$project" 2>/dev/null
 }
 
 : >"$work/host.ini"
-shot "$work/host.ini" --screenshot "$images/kamo-host.png"
+shot "$work/host.ini" --lang de --screenshot "$images/kamo-host.png"
 
 # The nodes of the first construction stage checked, as a user would.
 cat >"$work/node-tools.ini" <<'INI'
@@ -31,7 +31,25 @@ MS-KS-2024\CheckedItems=Node:2, Node:3, Node:4, Node:5
 [NodeToolsDialog]
 LastOperationIndex=1
 INI
-shot "$work/node-tools.ini" --open node-tools --screenshot "$images/dlg-node-tools.png"
+shot "$work/node-tools.ini" --lang de --open node-tools --screenshot "$images/dlg-node-tools.png"
+
+# The shape import on the sample's sheet frames, with the sheet number and
+# scale columns assigned, in English and in German.
+for lang in en de; do
+    cat >"$work/shape-import-$lang.ini" <<INI
+[DlgShapeImport]
+ImportMode=0
+ShapeFile=$project/GIS/Blattschnitte.shp
+ScaleImportMode=1
+Assignments\Sheets="{\"FieldAssignments\": [{\"FieldName\": \"BLATTNR\", \"TargetFieldId\": 10}, {\"FieldName\": \"MASSSTAB\", \"TargetFieldId\": 20}], \"Version\": 1}"
+INI
+    case $lang in
+    de) language="--lang de" ;;
+    *) language= ;;
+    esac
+    # shellcheck disable=SC2086
+    shot "$work/shape-import-$lang.ini" $language --open shape-import --screenshot "$images/dlg-shape-import-$lang.png"
+done
 
 # The analysis result, filled from the sample project by the dialog's test.
 KAMO_SCREENSHOT_DIR=$images "$bin/DlgAnalyzeProjectTest" showResultOpensTheFilledDialog >/dev/null 2>&1

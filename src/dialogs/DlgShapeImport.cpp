@@ -496,8 +496,8 @@ void DlgShapeImport::applyAssignments(const QMap<QString, int>& assignments, boo
     if (!missing.isEmpty())
         note.append(tr("Columns of the file not in this attribute table: %1.").arg(missing.join(QStringLiteral(", "))));
     if (!refused.isEmpty())
-        note.append(tr("Target fields the import of %1 does not have: %2.")
-                        .arg(ui->cbxImportMode->currentText().toLower(), refused.join(QStringLiteral(", "))));
+        note.append(tr("Target fields not offered for %1: %2.")
+                        .arg(ui->cbxImportMode->currentText(), refused.join(QStringLiteral(", "))));
     loadNote = note.join(QLatin1Char(' '));
     updateState();
 }

@@ -130,8 +130,8 @@ void DlgShapeImportTest::importedAssignments_data()
         << QByteArray(R"({"FieldAssignments": [{"FieldName": "NUMMER", "TargetFieldId": 10},
                                                 {"FieldName": "BLATT2", "TargetFieldId": 52}]})")
         << QStringList { "BLATTNR=-", "BLATT2=-", "MASSSTAB=-" }
-        << "Columns of the file not in this attribute table: NUMMER. Target fields the import of sheets does not "
-           "have: 52 (column BLATT2).";
+        << "Columns of the file not in this attribute table: NUMMER. Target fields not offered for Sheets: 52 "
+           "(column BLATT2).";
 }
 
 void DlgShapeImportTest::importedAssignments()
