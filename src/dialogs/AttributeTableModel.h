@@ -1,0 +1,43 @@
+#ifndef KAMO_TOOLS_ATTRIBUTETABLEMODEL_H
+#define KAMO_TOOLS_ATTRIBUTETABLEMODEL_H
+
+#include "kamo_tools_export.h"
+
+#include <QAbstractTableModel>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+// The first records of a shape file's attribute table, for a glance at the
+// columns before they are assigned. The values are read once and the file
+// is closed again, so the table stays free for the import.
+class KAMO_TOOLS_EXPORT AttributeTableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    explicit AttributeTableModel(QObject* parent = nullptr);
+    ~AttributeTableModel() override;
+
+    // Reads at most `rows` records, and no more than `recordCount`: the
+    // shape file's entity count, since a table may claim more records than
+    // it holds. False, and the model empty, when the table cannot be read.
+    bool SetTable(const QString& dbFile, int recordCount, int rows = 20);
+    void Clear();
+
+    QStringList GetFieldNames() const { return fieldNames; }
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    // Columns: field name, with type and width as tool tip. Rows: the record
+    // number from 1.
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    QStringList fieldNames;
+    QStringList fieldTips;
+    QVector<QStringList> values; // per row, per column
+};
+
+#endif
