@@ -56,8 +56,8 @@ int main(int argc, char* argv[])
     const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
         QStringLiteral("Save a PNG image of the window to FILE and quit."), QStringLiteral("FILE"));
     const QCommandLineOption toolOption(QStringLiteral("open"),
-        QStringLiteral("Open a tool of the Werkzeuge menu at start: node-tools or shape-import. With --screenshot, the tool's "
-                       "dialog is saved instead of the window."),
+        QStringLiteral("Open a tool of the Werkzeuge menu at start: node-tools or shape-import. "
+                       "With --screenshot, the tool's dialog is saved instead of the window."),
         QStringLiteral("TOOL"));
     parser.addOptions({ settingsOption, languageOption, screenshotOption, toolOption });
     parser.process(app);

@@ -1,5 +1,8 @@
 #include "dialogs/DlgShapeImport.h"
 
+#include "dialogs/AttributeTableModel.h"
+#include "dialogs/ShapePreviewWidget.h"
+
 #include "shapeimport/FieldAssignmentFile.h"
 #include "shapeimport/ImportBuildingFromShapeFile.h"
 #include "shapeimport/ImportDistrictsFromShapeFile.h"
@@ -19,9 +22,11 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
+#include <QVBoxLayout>
 
 #include <memory>
 
@@ -91,6 +96,16 @@ DlgShapeImport::DlgShapeImport(QWidget* parent)
     ui->twFieldAssignment->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     ui->splMain->setStretchFactor(0, 2);
     ui->splMain->setStretchFactor(1, 3);
+
+    preview = new ShapePreviewWidget(ui->wgtMapPreview);
+    auto* mapLayout = new QVBoxLayout(ui->wgtMapPreview);
+    mapLayout->setContentsMargins(0, 0, 0, 0);
+    mapLayout->addWidget(preview);
+    attributes = new AttributeTableModel(this);
+    ui->tvAttributePreview->setModel(attributes);
+    // The row picked in the table is the object marked on the map.
+    connect(ui->tvAttributePreview->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+        [this](const QModelIndex& current) { preview->SetHighlightedRecord(current.isValid() ? current.row() : -1); });
 
     connect(
         ui->btnResetFieldAssignments, &QAbstractButton::clicked, this, &DlgShapeImport::OnResetFieldAssignmentsClicked);
@@ -255,7 +270,30 @@ void DlgShapeImport::SetGeoSystemForProject(const GeoSystemSettings& system)
 void DlgShapeImport::SetGeoFilter(QSharedPointer<QMap<QString, QPainterPath>> filter)
 {
     geoFilter = filter;
+    showFilterAreas();
     updateState();
+}
+
+void DlgShapeImport::showFilterAreas()
+{
+    // The areas are in the project's system, the preview in the file's.
+    QMap<QString, QPainterPath> areas;
+    if (geoFilter) {
+        const bool convert = !projectGeoSystem.IsNull() && !importFileGeoSystem.IsNull()
+            && !projectGeoSystem.IsEqual(importFileGeoSystem);
+        for (auto area = geoFilter->cbegin(); area != geoFilter->cend(); ++area) {
+            QPainterPath path;
+            bool ok = true;
+            for (QPolygonF outline : area.value().toSubpathPolygons()) {
+                if (convert)
+                    ok = ok && ChangeGeoSystemEx(outline, projectGeoSystem, importFileGeoSystem, false);
+                path.addPolygon(outline);
+            }
+            if (ok)
+                areas.insert(area.key(), path);
+        }
+    }
+    preview->SetFilterAreas(areas);
 }
 
 bool DlgShapeImport::GetUseGeoFilter() const
@@ -411,6 +449,16 @@ void DlgShapeImport::loadTable()
             info = tr("The shape file cannot be read.");
         }
     }
+    int entityCount = 0;
+    if (shapeReadable) {
+        ShapeFileReader shapes;
+        shapes.Open(QFile::encodeName(shapeFile));
+        entityCount = shapes.GetEntityCount();
+    }
+    preview->SetShapeFile(shapeFile);
+    showFilterAreas();
+    if (!attributes->SetTable(GetEffectiveShapeDbFilename(), entityCount))
+        attributes->Clear();
     ShapeDbFileReader table;
     if (!GetEffectiveShapeDbFilename().isEmpty() && table.Open(QFile::encodeName(GetEffectiveShapeDbFilename())) == 0) {
         for (int i = 0; i < table.GetFieldCount(); ++i) {
@@ -595,6 +643,8 @@ void DlgShapeImport::showGeoSystems()
     };
     show(ui->edtImportFileGeoSystem, importFileGeoSystem);
     show(ui->edtProjectGeoSystem, projectGeoSystem);
+    if (preview)
+        showFilterAreas();
 }
 
 void DlgShapeImport::updateState()

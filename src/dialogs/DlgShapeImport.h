@@ -12,10 +12,12 @@
 #include <QString>
 #include <QStringList>
 
+class AttributeTableModel;
 class ImportFieldManager;
 class QSettings;
 class QTreeWidget;
 class QTreeWidgetItem;
+class ShapePreviewWidget;
 
 namespace Ui {
 class DlgShapeImport;
@@ -108,6 +110,7 @@ private:
     void rememberFile(const QString& file);
     QString startFolder() const;
     void saveSettings();
+    void showFilterAreas();
     void showGeoSystems();
     void updateState();
 
@@ -119,6 +122,8 @@ private:
     QMap<int, QString> targetFields;
     QString loadNote;
     QStringList presetKeys; // values the caller set; Initialize leaves them
+    ShapePreviewWidget* preview = nullptr;
+    AttributeTableModel* attributes = nullptr;
     bool shapeReadable = false;
     QString prjCheckedFor; // the shape file whose ".prj" was looked at
 };

@@ -17,6 +17,41 @@
     </message>
 </context>
 <context>
+    <name>AttributeTableModel</name>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Integer</source>
+        <translation>Ganzzahl</translation>
+    </message>
+    <message>
+        <source>Decimal number</source>
+        <translation>Dezimalzahl</translation>
+    </message>
+    <message>
+        <source>Yes/No</source>
+        <translation>Ja/Nein</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Unknown type</source>
+        <translation>Unbekannter Typ</translation>
+    </message>
+    <message>
+        <source>%1, width %2, %3 decimals</source>
+        <translation>%1, Breite %2, %3 Nachkommastellen</translation>
+    </message>
+    <message>
+        <source>%1, width %2</source>
+        <translation>%1, Breite %2</translation>
+    </message>
+</context>
+<context>
     <name>DlgAnalyzeProject</name>
     <message>
         <source>Projektanalyse</source>
@@ -361,6 +396,224 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
     </message>
 </context>
 <context>
+    <name>DlgShapeImport</name>
+    <message>
+        <source>Shape File Import</source>
+        <translation>Shape-Import</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Sheets</source>
+        <translation>Blätter</translation>
+    </message>
+    <message>
+        <source>Routes</source>
+        <translation>Trassen</translation>
+    </message>
+    <message>
+        <source>Districts</source>
+        <translation>Flurstücke</translation>
+    </message>
+    <message>
+        <source>Buildings</source>
+        <translation>Gebäude</translation>
+    </message>
+    <message>
+        <source>Shape file</source>
+        <translation>Shape-Datei</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Attribute table</source>
+        <translation>Attributtabelle</translation>
+    </message>
+    <message>
+        <source>beside the shape file</source>
+        <translation>neben der Shape-Datei</translation>
+    </message>
+    <message>
+        <source>Geo systems</source>
+        <translation>Geosysteme</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Only objects within the project areas</source>
+        <translation>Nur Objekte in den Projektgebieten</translation>
+    </message>
+    <message>
+        <source>Field assignment</source>
+        <translation>Feldzuordnung</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Spalte</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Target field</source>
+        <translation>Zielfeld</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importieren...</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exportieren...</translation>
+    </message>
+    <message>
+        <source>Attributes</source>
+        <translation>Attribute</translation>
+    </message>
+    <message>
+        <source>Map</source>
+        <translation>Karte</translation>
+    </message>
+    <message>
+        <source>Sheet options</source>
+        <translation>Blattoptionen</translation>
+    </message>
+    <message>
+        <source>Correct the corner order along the sheet numbers</source>
+        <translation>Eckenreihenfolge entlang der Blattnummern korrigieren</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Four corners, clockwise from the north</source>
+        <translation>Vier Ecken, im Uhrzeigersinn ab Norden</translation>
+    </message>
+    <message>
+        <source>Points of the frame</source>
+        <translation>Punkte des Rahmens</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Maßstab</translation>
+    </message>
+    <message>
+        <source>Fixed</source>
+        <translation>Fest</translation>
+    </message>
+    <message>
+        <source>From the column assigned to SheetScale</source>
+        <translation>Aus der Spalte für „Maßstab“</translation>
+    </message>
+    <message>
+        <source>Page text</source>
+        <translation>Seitentext</translation>
+    </message>
+    <message>
+        <source>appended to every sheet number after &quot;_&quot;</source>
+        <translation>wird jeder Blattnummer nach „_“ angehängt</translation>
+    </message>
+    <message>
+        <source>Route options</source>
+        <translation>Trassenoptionen</translation>
+    </message>
+    <message>
+        <source>Variant when empty</source>
+        <translation>Variante, wenn leer</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n object(s)</source>
+        <translation>
+            <numerusform>%1, %n Objekt</numerusform>
+            <numerusform>%1, %n Objekte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The shape file cannot be read.</source>
+        <translation>Die Shape-Datei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>No attribute table: every attribute stays empty.</source>
+        <translation>Keine Attributtabelle: alle Attribute bleiben leer.</translation>
+    </message>
+    <message>
+        <source>&lt;Not Assigned&gt;</source>
+        <translation>&lt;Nicht zugeordnet&gt;</translation>
+    </message>
+    <message>
+        <source>%1 (column %2)</source>
+        <translation>%1 (Spalte %2)</translation>
+    </message>
+    <message>
+        <source>Columns of the file not in this attribute table: %1.</source>
+        <translation>Spalten der Datei, die diese Attributtabelle nicht hat: %1.</translation>
+    </message>
+    <message>
+        <source>Target fields not offered for %1: %2.</source>
+        <translation>Für %1 nicht angebotene Zielfelder: %2.</translation>
+    </message>
+    <message>
+        <source>Import field assignments</source>
+        <translation>Feldzuordnungen importieren</translation>
+    </message>
+    <message>
+        <source>Export field assignments</source>
+        <translation>Feldzuordnungen exportieren</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>Select shape file</source>
+        <translation>Shape-Datei wählen</translation>
+    </message>
+    <message>
+        <source>Shape files (*.shp);;All files (*)</source>
+        <translation>Shape-Dateien (*.shp);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Select attribute table</source>
+        <translation>Attributtabelle wählen</translation>
+    </message>
+    <message>
+        <source>Attribute tables (*.dbf);;All files (*)</source>
+        <translation>Attributtabellen (*.dbf);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>not set: no conversion</source>
+        <translation>nicht gesetzt: keine Umrechnung</translation>
+    </message>
+    <message>
+        <source>%1 is assigned to %2; the last of them counts.</source>
+        <translation>%1 ist %2 zugeordnet; die letzte Spalte gilt.</translation>
+    </message>
+</context>
+<context>
     <name>FieldAssignmentFile</name>
     <message>
         <source>The file cannot be opened</source>
@@ -381,6 +634,33 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
     <message>
         <source>The file assigns no field</source>
         <translation>Die Datei ordnet kein Feld zu</translation>
+    </message>
+</context>
+<context>
+    <name>GeoSysDlg</name>
+    <message>
+        <source>Select Geo System</source>
+        <translation>Geosystem auswählen</translation>
+    </message>
+    <message>
+        <source>EPSG code or name</source>
+        <translation>EPSG-Code oder Name</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Area of use: %1</source>
+        <translation>Anwendungsbereich: %1</translation>
+    </message>
+    <message>
+        <source>No geo system selected.</source>
+        <translation>Kein Geosystem ausgewählt.</translation>
     </message>
 </context>
 <context>
@@ -475,6 +755,45 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
     <message>
         <source>Object %1 left out: %2</source>
         <translation>Objekt %1 ausgelassen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ShapePreviewWidget</name>
+    <message>
+        <source>No preview</source>
+        <translation>Keine Vorschau</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read as a shape file.</source>
+        <translation>%1 kann nicht als Shape-Datei gelesen werden.</translation>
+    </message>
+    <message>
+        <source>No readable objects</source>
+        <translation>Keine lesbaren Objekte</translation>
+    </message>
+    <message>
+        <source>No objects</source>
+        <translation>Keine Objekte</translation>
+    </message>
+    <message>
+        <source>Preview shows the first %1 of %2 objects</source>
+        <translation>Die Vorschau zeigt die ersten %1 von %2 Objekten</translation>
+    </message>
+    <message>
+        <source>Objects: %1</source>
+        <translation>Objekte: %1</translation>
+    </message>
+    <message>
+        <source>%1 records cannot be read</source>
+        <translation>%1 Datensätze können nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>%1 km</source>
+        <translation>%1 km</translation>
+    </message>
+    <message>
+        <source>%1 m</source>
+        <translation>%1 m</translation>
     </message>
 </context>
 </TS>
