@@ -577,13 +577,19 @@ void DlgShapeImport::OnSaveFieldAssignmentsClicked()
         return;
     if (QFileInfo(file).suffix().isEmpty())
         file += QStringLiteral(".json");
+    SaveFieldAssignments(file);
+}
+
+bool DlgShapeImport::SaveFieldAssignments(const QString& file)
+{
     QString error;
     if (!FieldAssignmentFile::Write(file, GetFieldAssignments(), &error)) {
         QMessageBox::warning(this, tr("Export field assignments"),
             tr("%1 cannot be written: %2").arg(QDir::toNativeSeparators(file), error));
-        return;
+        return false;
     }
     rememberFile(file);
+    return true;
 }
 
 void DlgShapeImport::rememberFile(const QString& file)

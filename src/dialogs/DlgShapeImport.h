@@ -84,6 +84,9 @@ public:
     QTreeWidget* GetFieldAssignmentTree() const;
     // (column, target id) of every assigned column, in tree order.
     QList<QPair<QString, int>> GetFieldAssignments() const;
+    // Writes the assigned columns as "Export field assignments" does; a file
+    // that cannot be written is reported.
+    bool SaveFieldAssignments(const QString& file);
     // Applies a saved assignment file as "Import field assignments" does.
     void LoadFieldAssignments(const QString& file);
     // What the last loaded file named that this table or importer lacks.
