@@ -1,3 +1,4 @@
+#include "DxfCommand.h"
 #include "NodeCommand.h"
 #include "ShapeCommand.h"
 
@@ -17,6 +18,7 @@ const char generalHelp[] = "Usage: kamo-tools COMMAND [options]\n"
                            "  analyze           which annotation files of a project are used\n"
                            "  shape ACTION      summary of a shape file, import of sheets, routes,\n"
                            "                    districts or buildings as JSON\n"
+                           "  dxf dump FILE     the entities of a DXF file as a readable listing\n"
                            "\n"
                            "'kamo-tools COMMAND --help' describes a command.\n";
 
@@ -55,6 +57,8 @@ int main(int argc, char* argv[])
         return NodeCommand(out, err).RunAnalyze(arguments);
     if (command == QLatin1String("shape"))
         return ShapeCommand(out, err).Run(arguments);
+    if (command == QLatin1String("dxf"))
+        return DxfCommand(out, err).Run(arguments);
 
     err << "kamo-tools: unknown command '" << command << "'\n\n" << generalHelp;
     return NodeCommand::UsageError;

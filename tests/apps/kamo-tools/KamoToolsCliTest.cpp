@@ -72,6 +72,8 @@ private Q_SLOTS:
     void analysisFindsAndMovesUnusedFiles();
     void shapeFilesAreSummedUpAndImported_data();
     void shapeFilesAreSummedUpAndImported();
+    void dxfFilesAreDumped_data();
+    void dxfFilesAreDumped();
 };
 
 void KamoToolsCliTest::badUsageExitsWithTwo_data()
@@ -342,5 +344,29 @@ void KamoToolsCliTest::shapeFilesAreSummedUpAndImported()
     QCOMPARE(result.exitCode, exitCode);
     QVERIFY2((exitCode == 0 ? result.out : result.err).contains(output), qPrintable(result.out + result.err));
 }
+void KamoToolsCliTest::dxfFilesAreDumped_data()
+{
+    QTest::addColumn<QString>("arguments"); // '@' stands for the fixture folder
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("output"); // found in stdout, or in stderr when the command fails
+    QTest::newRow("dump") << "dxf dump @/drawing.dxf" << 0
+                          << "\nPOINT    ( 1.000,  2.000,  3.000)\n\n"
+                             "  Attributes: Layer: 0,  Color: BYLAYER Width: BYLAYER Type: BYLAYER\n\n";
+    QTest::newRow("missing file") << "dxf dump @/none.dxf" << 1 << "none.dxf: no such file";
+    QTest::newRow("huge count") << "dxf dump @/huge-count.dxf" << 1 << "LWPOLYLINE announces 2000000000";
+    QTest::newRow("two files") << "dxf dump @/drawing.dxf @/drawing.dxf" << 2 << "dxf dump takes one file";
+    QTest::newRow("unknown action") << "dxf list @/drawing.dxf" << 2 << "unknown dxf action 'list'";
+}
+
+void KamoToolsCliTest::dxfFilesAreDumped()
+{
+    QFETCH(QString, arguments);
+    QFETCH(int, exitCode);
+    QFETCH(QString, output);
+    const Result result = runTool(arguments.replace('@', KAMO_DXF_DATA).split(' '));
+    QCOMPARE(result.exitCode, exitCode);
+    QVERIFY2((exitCode == 0 ? result.out : result.err).contains(output), qPrintable(result.out + result.err));
+}
+
 QTEST_GUILESS_MAIN(KamoToolsCliTest)
 #include "KamoToolsCliTest.moc"
