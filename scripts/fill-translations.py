@@ -112,6 +112,16 @@ GERMAN = {
     "Unknown type": "Unbekannter Typ",
     "%1, width %2": "%1, Breite %2",
     "%1, width %2, %3 decimals": "%1, Breite %2, %3 Nachkommastellen",
+    # DXF dump
+    "%1: dxflib cannot read the file": "%1: dxflib kann die Datei nicht lesen",
+    "%1: not enough memory to read the file": "%1: nicht genug Speicher, um die Datei zu lesen",
+    "%1: reading failed: %2": "%1: Lesen fehlgeschlagen: %2",
+    "%1: no such file or not readable": "%1: Datei fehlt oder ist nicht lesbar",
+    "%1: line %2 is longer than %3 characters": "%1: Zeile %2 ist länger als %3 Zeichen",
+    "%1: line %2 is not a group code: '%3'": "%1: Zeile %2 ist kein Gruppencode: '%3'",
+    "%1: line %2: %3 announces %4 items, more than the file can hold":
+        "%1: Zeile %2: %3 kündigt %4 Einträge an, mehr als die Datei fassen kann",
+    "%1: the file ends without an EOF marker (truncated?)": "%1: die Datei endet ohne EOF-Marke (abgeschnitten?)",
     # Geo-system chooser
     "Select Geo System": "Geosystem auswählen",
     "EPSG code or name": "EPSG-Code oder Name",

@@ -7,7 +7,7 @@ set -eu
 packages="build-essential cmake clang-format
 qtbase5-dev qttools5-dev-tools qttranslations5-l10n
 libshp-dev libdxflib-dev libproj-dev proj-data proj-bin
-gdal-bin python3-ezdxf
+gdal-bin python3-ezdxf librecad-data
 xvfb xauth"
 
 missing=""

@@ -47,8 +47,10 @@ void DxfOutputCreationAdapter::printAttributes()
         line += QLatin1String("DEFAULT");
     else
         line += QString::asprintf("%d", width);
-    // dxflib already reports an empty line type as BYLAYER.
-    line += QString::asprintf(" Type: %s\n", attributes.getLinetype().c_str());
+    // dxflib mostly reports an empty line type as BYLAYER already; not all
+    // of its entity readers do.
+    const std::string type = attributes.getLinetype();
+    line += QString::asprintf(" Type: %s\n", type.empty() ? "BYLAYER" : type.c_str());
     Print(line);
 }
 

@@ -614,6 +614,41 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
     </message>
 </context>
 <context>
+    <name>DxfDump</name>
+    <message>
+        <source>%1: dxflib cannot read the file</source>
+        <translation>%1: dxflib kann die Datei nicht lesen</translation>
+    </message>
+    <message>
+        <source>%1: not enough memory to read the file</source>
+        <translation>%1: nicht genug Speicher, um die Datei zu lesen</translation>
+    </message>
+    <message>
+        <source>%1: reading failed: %2</source>
+        <translation>%1: Lesen fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>%1: no such file or not readable</source>
+        <translation>%1: Datei fehlt oder ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>%1: line %2 is longer than %3 characters</source>
+        <translation>%1: Zeile %2 ist länger als %3 Zeichen</translation>
+    </message>
+    <message>
+        <source>%1: line %2 is not a group code: &apos;%3&apos;</source>
+        <translation>%1: Zeile %2 ist kein Gruppencode: &apos;%3&apos;</translation>
+    </message>
+    <message>
+        <source>%1: line %2: %3 announces %4 items, more than the file can hold</source>
+        <translation>%1: Zeile %2: %3 kündigt %4 Einträge an, mehr als die Datei fassen kann</translation>
+    </message>
+    <message>
+        <source>%1: the file ends without an EOF marker (truncated?)</source>
+        <translation>%1: die Datei endet ohne EOF-Marke (abgeschnitten?)</translation>
+    </message>
+</context>
+<context>
     <name>FieldAssignmentFile</name>
     <message>
         <source>The file cannot be opened</source>
