@@ -1,9 +1,9 @@
 #include "dxf/DxfDump.h"
 
+#include "dxf/DxfGuardedRead.h"
 #include "dxf/DxfOutputCreationAdapter.h"
 
 #include <dl_codes.h>
-#include <dl_dxf.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,8 +12,6 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <exception>
-#include <new>
 
 namespace {
 
@@ -36,31 +34,8 @@ bool isCountCode(const QByteArray& entity, int code)
 
 bool readFile(const QString& path, QPlainTextEdit* output, QString* text, QString* error)
 {
-    auto fail = [&](const QString& message) {
-        if (error)
-            *error = message;
-        return false;
-    };
-    const QString problem = DxfDump::CheckFile(path);
-    if (!problem.isEmpty())
-        return fail(problem);
-
     DxfOutputCreationAdapter adapter(output, nullptr, text);
-    DL_Dxf dxf;
-    try {
-        // Read from the file, never from a stream: dxflib's stream reader
-        // does not return on a line longer than its buffer.
-        if (!dxf.in(QFile::encodeName(path).toStdString(), &adapter))
-            return fail(QCoreApplication::translate("DxfDump", "%1: dxflib cannot read the file")
-                            .arg(QDir::toNativeSeparators(path)));
-    } catch (const std::bad_alloc&) {
-        return fail(QCoreApplication::translate("DxfDump", "%1: not enough memory to read the file")
-                        .arg(QDir::toNativeSeparators(path)));
-    } catch (const std::exception& exception) {
-        return fail(QCoreApplication::translate("DxfDump", "%1: reading failed: %2")
-                        .arg(QDir::toNativeSeparators(path), QString::fromLocal8Bit(exception.what())));
-    }
-    return true;
+    return DxfGuardedRead(path, adapter, error);
 }
 
 } // namespace

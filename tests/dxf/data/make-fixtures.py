@@ -1,10 +1,12 @@
 #!/usr/bin/python3
-"""Writes the DXF files the dump tests read, and broken copies of them.
+"""Writes the DXF files the DXF tests read, and broken copies of them.
 
 Run from anywhere; the files land next to this script. The output is
-committed so that the tests need no Python.
+committed so that the tests need no Python. Name files as arguments to
+write only those (ezdxf stamps dates and ids, so a rewrite changes bytes).
 """
 import os
+import sys
 
 import ezdxf
 
@@ -37,12 +39,68 @@ def drawing():
     return doc
 
 
+def sheet_block(doc, name, *rings):
+    block = doc.blocks.new(name)
+    for ring in rings:
+        block.add_lwpolyline(ring, close=True)
+
+
+def frame(x0, y0, width=500.0, height=300.0):
+    """Counter-clockwise from the bottom-left corner."""
+    return [(x0, y0), (x0 + width, y0), (x0 + width, y0 + height), (x0, y0 + height)]
+
+
+def sheets():
+    """Landscape sheets along a west-to-east route, frames in world
+    coordinates inserted at the origin, plus the awkward cases."""
+    doc = ezdxf.new("R2000")
+    doc.header["$HANDSEED"] = "FFFF"
+    doc.layers.add("BLATTSCHNITT", color=1)
+    x0, y0 = 3512345.67, 5812045.89
+    # Starts at the top-right corner, around small and negative values.
+    small = [(5.5, 3.75), (-4.5, 3.75), (-4.5, -2.25), (5.5, -2.25)]
+    sheet_block(doc, "BLATT_40", small)
+    sheet_block(doc, "BLATT_41", frame(x0, y0))
+    # A notch in the bottom side: more vertices, still one rectangle.
+    notched = frame(x0 + 500, y0)
+    notched[1:1] = [(x0 + 700, y0), (x0 + 750, y0 + 20), (x0 + 800, y0)]
+    sheet_block(doc, "BLATT_42", notched)
+    sheet_block(doc, "BLATT_43", frame(x0 + 1000, y0))
+    sheet_block(doc, "BLATT_44", frame(x0 + 1500, y0) + [(x0 + 1500, y0)])
+    sheet_block(doc, "BLATT_45", frame(x0 + 2000, y0), frame(x0 + 2100, y0 + 50, 100, 100))
+    legend = doc.blocks.new("LEGENDE")
+    legend.add_line((0, 0), (10, 0))
+
+    msp = doc.modelspace()
+    attribs = {"layer": "BLATTSCHNITT"}
+    for name, tags in [("BLATT_40", [("BL_NR", "40")]),
+                       ("BLATT_41", [("BL_NR", "41"), ("MASSSTAB", "1:500")]),
+                       ("BLATT_42", [("Bl_Nr", "42")]),
+                       ("BLATT_43", [("Bl_Nr", "x43"), ("BL_NR", "43")]),
+                       ("BLATT_44", [("BL_NR", "44")]),
+                       ("BLATT_45", [("BL_NR", "45")])]:
+        insert = msp.add_blockref(name, (0, 0), dxfattribs=attribs)
+        for tag, text in tags:
+            insert.add_attrib(tag, text, (0, 0), dxfattribs=attribs)
+    # No attributes of its own: the ones of the insert before stay there.
+    msp.add_blockref("LEGENDE", (100.5, 200.25))
+    msp.add_line((0, 0), (1, 1))
+    insert = msp.add_blockref("FEHLT", (0, 0))
+    insert.add_attrib("BL_NR", "99", (0, 0))
+    return doc
+
+
 def write_text(name, text):
     with open(path(name), "w", newline="") as file:
         file.write(text)
 
 
 def main():
+    wanted = set(sys.argv[1:])
+    if not wanted or "sheets.dxf" in wanted:
+        sheets().saveas(path("sheets.dxf"))
+    if wanted and not wanted - {"sheets.dxf"}:
+        return
     drawing().saveas(path("drawing.dxf"))
     with open(path("drawing.dxf"), newline="") as file:
         text = file.read()

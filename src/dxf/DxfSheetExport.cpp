@@ -1,0 +1,120 @@
+#include "dxf/DxfSheetExport.h"
+
+#include "gk/CGKSheet.h"
+#include "gk/CRoutingTilesRevisor.h"
+#include "gk/RectangleDetector.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSaveFile>
+
+#include <vector>
+
+QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing)
+{
+    QStringList log;
+    std::vector<GK::CGKSheet> ensemble;
+    for (int i = 0; i < drawing.inserts.size(); ++i) {
+        const DxfInsert& insert = drawing.inserts.at(i);
+        const DxfBlock* block = drawing.Block(insert.blockName);
+        if (!block || block->polylines.size() != 1 || !insert.use)
+            continue;
+        QList<YPoint> points;
+        for (const QPointF& vertex : block->polylines.first().vertices)
+            points.append(YPoint { vertex.x(), vertex.y() });
+        QList<QList<YPoint>> rectangles;
+        RectangleDetector(points).Analyze(rectangles);
+        if (rectangles.size() != 1) {
+            // The missing parenthesis is what existing log readers expect.
+            log.append(QStringLiteral("Rectangle detector detected less or more than one rectangle (Block:%1").arg(i));
+            continue;
+        }
+        const QList<YPoint>& rectangle = rectangles.first();
+        GK::CGKVertex corners[4];
+        for (int c = 0; c < 4; ++c)
+            corners[c] = GK::CGKVertex(rectangle.at(c).x, rectangle.at(c).y);
+        GK::CGKSheet sheet(corners);
+        sheet.tileIndex = i;
+        ensemble.push_back(sheet);
+    }
+    if (ensemble.empty())
+        return log;
+
+    GK::CRoutingTilesRevisor(ensemble).Revise();
+
+    for (const GK::CGKSheet& sheet : ensemble) {
+        DxfBlock* block = drawing.Block(drawing.inserts.at(sheet.tileIndex).blockName);
+        DxfPolyline& polyline = block->polylines.first();
+        for (const GK::CGKVertex& corner : sheet.vertices) {
+            for (int v = 0; v < polyline.vertices.size(); ++v) {
+                // The corners are copies of vertex coordinates, so exact
+                // comparison finds them.
+                const QPointF& vertex = polyline.vertices.at(v);
+                if (vertex.x() == corner.x && vertex.y() == corner.y) {
+                    polyline.labels.insert(v, corner.position);
+                    break;
+                }
+            }
+        }
+    }
+    return log;
+}
+
+bool DxfSheetExport::ExportGK2(const DxfDrawing& drawing, const QString& file, int* written, QString* error)
+{
+    int count = 0;
+    if (written)
+        *written = 0;
+    QByteArray text("GK2\r\n");
+    for (const DxfInsert& insert : drawing.inserts) {
+        const DxfBlock* block = drawing.Block(insert.blockName);
+        if (!block || !insert.HasSheetNumber() || block->polylines.isEmpty() || !insert.use)
+            continue;
+        text += "\r\n" + insert.SheetNumber().toUtf8() + "\r\n";
+        for (const DxfPolyline& polyline : block->polylines) {
+            const QPointF* slots[4] = {};
+            for (auto label = polyline.labels.cbegin(); label != polyline.labels.cend(); ++label) {
+                if (label.key() < 0 || label.key() >= polyline.vertices.size())
+                    continue;
+                int slot = -1;
+                switch (label.value()) {
+                case GK::vpTopLeft:
+                    slot = 0;
+                    break;
+                case GK::vpTopRight:
+                    slot = 1;
+                    break;
+                case GK::vpBottomRight:
+                    slot = 2;
+                    break;
+                case GK::vpBottomLeft:
+                    slot = 3;
+                    break;
+                default:
+                    break;
+                }
+                if (slot >= 0)
+                    slots[slot] = &polyline.vertices.at(label.key());
+            }
+            for (const QPointF* vertex : slots) {
+                if (!vertex)
+                    continue;
+                // Decimal commas: the host reads the file with them.
+                text += QString::asprintf("%7.2lf     %7.2lf", vertex->x(), vertex->y()).toLatin1().replace('.', ',');
+                text += "    \r\n";
+            }
+        }
+        ++count;
+    }
+
+    QSaveFile out(file);
+    if (!out.open(QIODevice::WriteOnly) || out.write(text) != text.size() || !out.commit()) {
+        if (error)
+            *error = QCoreApplication::translate("DxfSheetExport", "%1: cannot write the file: %2")
+                         .arg(QDir::toNativeSeparators(file), out.errorString());
+        return false;
+    }
+    if (written)
+        *written = count;
+    return true;
+}

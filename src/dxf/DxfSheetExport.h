@@ -1,0 +1,32 @@
+#ifndef KAMO_TOOLS_DXF_DXFSHEETEXPORT_H
+#define KAMO_TOOLS_DXF_DXFSHEETEXPORT_H
+
+#include "dxf/DxfDrawing.h"
+#include "kamo_tools_export.h"
+
+#include <QString>
+#include <QStringList>
+
+// Turns the sheet frames of a drawing (inserts of blocks holding one frame
+// polyline each, numbered by a sheet-number attribute) into sheet corners
+// for the host application.
+class KAMO_TOOLS_EXPORT DxfSheetExport
+{
+public:
+    // Labels the frame corners of every used insert whose block holds
+    // exactly one polyline, treating the inserts in list order as one route
+    // of sheets. The labels go into the block's polyline, so inserts sharing
+    // a block share them too. Returns the lines for the output log: one per
+    // insert whose frame is not exactly one rectangle, naming the insert by
+    // its 0-based position in `drawing.inserts`.
+    static QStringList CorrectVertexPositions(DxfDrawing& drawing);
+
+    // Writes the labelled corners of every used insert with a sheet number
+    // and a block with polylines, in list order. The file is replaced only
+    // once it is completely written. `written` (optional) receives the
+    // number of inserts written; false with a reason in `error` when the
+    // file cannot be written.
+    static bool ExportGK2(const DxfDrawing& drawing, const QString& file, int* written, QString* error);
+};
+
+#endif

@@ -1,0 +1,174 @@
+#include <dxf/DxfDrawing.h>
+#include <dxf/DxfSheetExport.h>
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+QString fixture(const char* name)
+{
+    return QStringLiteral(KAMO_DXF_DATA "/") + QLatin1String(name);
+}
+
+QByteArray readAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
+}
+
+using Attributes = QList<QPair<QString, QString>>;
+
+} // namespace
+
+class DxfSheetExportTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void capturedInserts_data();
+    void capturedInserts();
+    void capturedBlocks();
+    void correctionLog();
+    void exportMatchesHandCheckedFile();
+    void singleRecord_data();
+    void singleRecord();
+    void unwritableTargetKeepsNothing();
+};
+
+void DxfSheetExportTest::capturedInserts_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("block");
+    QTest::addColumn<Attributes>("attributes");
+    QTest::addColumn<QString>("sheetNumber");
+
+    QTest::newRow("small sheet") << 0 << "BLATT_40" << Attributes { { "BL_NR", "40" } } << "40";
+    QTest::newRow("two attributes") << 1 << "BLATT_41" << Attributes { { "BL_NR", "41" }, { "MASSSTAB", "1:500" } }
+                                    << "41";
+    QTest::newRow("other spelling only") << 2 << "BLATT_42" << Attributes { { "Bl_Nr", "42" } } << "42";
+    QTest::newRow("upper case wins though later")
+        << 3 << "BLATT_43" << Attributes { { "Bl_Nr", "x43" }, { "BL_NR", "43" } } << "43";
+    QTest::newRow("no attributes after attributed insert") << 6 << "LEGENDE" << Attributes() << "";
+    QTest::newRow("missing block") << 7 << "FEHLT" << Attributes { { "BL_NR", "99" } } << "99";
+}
+
+void DxfSheetExportTest::capturedInserts()
+{
+    QFETCH(int, index);
+    QFETCH(QString, block);
+    QFETCH(Attributes, attributes);
+    QFETCH(QString, sheetNumber);
+
+    DxfDrawing drawing;
+    QString error;
+    QVERIFY2(DxfDrawing::Read(fixture("sheets.dxf"), drawing, &error), qPrintable(error));
+    QCOMPARE(drawing.inserts.size(), 8);
+    const DxfInsert& insert = drawing.inserts.at(index);
+    QCOMPARE(insert.blockName, block);
+    QCOMPARE(insert.attributes, attributes);
+    QCOMPARE(insert.SheetNumber(), sheetNumber);
+    QCOMPARE(insert.HasSheetNumber(), !sheetNumber.isEmpty());
+    QVERIFY(insert.use);
+}
+
+void DxfSheetExportTest::capturedBlocks()
+{
+    DxfDrawing drawing;
+    QVERIFY(DxfDrawing::Read(fixture("sheets.dxf"), drawing, nullptr));
+    QVERIFY(drawing.layers.contains("BLATTSCHNITT"));
+    QCOMPARE(drawing.inserts.at(1).layer, QString("BLATTSCHNITT"));
+    QCOMPARE(drawing.inserts.at(6).x, 100.5);
+    QCOMPARE(drawing.inserts.at(6).y, 200.25);
+    QVERIFY(!drawing.Block("FEHLT"));
+    QVERIFY(drawing.Block("LEGENDE")->polylines.isEmpty());
+    QCOMPARE(drawing.Block("BLATT_45")->polylines.size(), 2);
+    QCOMPARE(drawing.Block("BLATT_44")->polylines.first().vertices.size(), 5);
+    const DxfPolyline& small = drawing.Block("BLATT_40")->polylines.first();
+    QCOMPARE(small.vertices, (QVector<QPointF> { { 5.5, 3.75 }, { -4.5, 3.75 }, { -4.5, -2.25 }, { 5.5, -2.25 } }));
+    QVERIFY(small.labels.isEmpty());
+}
+
+void DxfSheetExportTest::correctionLog()
+{
+    DxfDrawing drawing;
+    QVERIFY(DxfDrawing::Read(fixture("sheets.dxf"), drawing, nullptr));
+    QCOMPARE(DxfSheetExport::CorrectVertexPositions(drawing),
+        QStringList { "Rectangle detector detected less or more than one rectangle (Block:4" });
+    // The notch vertices stay unlabelled.
+    QCOMPARE(drawing.Block("BLATT_42")->polylines.first().labels.keys(), (QList<int> { 0, 4, 5, 6 }));
+    QVERIFY(drawing.Block("BLATT_44")->polylines.first().labels.isEmpty());
+}
+
+void DxfSheetExportTest::exportMatchesHandCheckedFile()
+{
+    DxfDrawing drawing;
+    QVERIFY(DxfDrawing::Read(fixture("sheets.dxf"), drawing, nullptr));
+    DxfSheetExport::CorrectVertexPositions(drawing);
+    QTemporaryDir dir;
+    const QString out = dir.filePath("sheets.gk2");
+    int written = -1;
+    QString error;
+    QVERIFY2(DxfSheetExport::ExportGK2(drawing, out, &written, &error), qPrintable(error));
+    QCOMPARE(written, 6);
+    QCOMPARE(readAll(out), readAll(fixture("sheets.gk2")));
+}
+
+void DxfSheetExportTest::singleRecord_data()
+{
+    QTest::addColumn<QVector<QPointF>>("vertices");
+    QTest::addColumn<QList<int>>("labels");
+    QTest::addColumn<bool>("use");
+    QTest::addColumn<QByteArray>("expected");
+
+    const QVector<QPointF> small { { 5.5, -0.004 }, { -12.346, 1234567.891 } };
+    QTest::newRow("no labels") << small << QList<int>() << true << QByteArray("GK2\r\n\r\n7\r\n");
+    QTest::newRow("padding, rounding, decimal commas")
+        << small << QList<int> { GK::vpBottomLeft, GK::vpTopLeft } << true
+        << QByteArray("GK2\r\n\r\n7\r\n -12,35     1234567,89    \r\n   5,50       -0,00    \r\n");
+    QTest::newRow("unknown label and later duplicate")
+        << QVector<QPointF> { { 1, 2 }, { 3, 4 }, { 5, 6 } }
+        << QList<int> { GK::vpTopRight, GK::vpUnknown, GK::vpTopRight } << true
+        << QByteArray("GK2\r\n\r\n7\r\n   5,00        6,00    \r\n");
+    QTest::newRow("unused") << small << QList<int> { GK::vpTopLeft } << false << QByteArray("GK2\r\n");
+}
+
+void DxfSheetExportTest::singleRecord()
+{
+    QFETCH(QVector<QPointF>, vertices);
+    QFETCH(QList<int>, labels);
+    QFETCH(bool, use);
+    QFETCH(QByteArray, expected);
+
+    DxfDrawing drawing;
+    DxfPolyline polyline;
+    polyline.vertices = vertices;
+    for (int i = 0; i < labels.size(); ++i)
+        polyline.labels.insert(i, static_cast<GK::VtxPosition>(labels.at(i)));
+    drawing.blocks.append(DxfBlock { "B", { polyline } });
+    DxfInsert insert;
+    insert.blockName = "B";
+    insert.attributes = { { "Bl_Nr", "7" } };
+    insert.use = use;
+    drawing.inserts.append(insert);
+
+    QTemporaryDir dir;
+    const QString out = dir.filePath("x.gk2");
+    QVERIFY(DxfSheetExport::ExportGK2(drawing, out, nullptr, nullptr));
+    QCOMPARE(readAll(out), expected);
+}
+
+void DxfSheetExportTest::unwritableTargetKeepsNothing()
+{
+    QTemporaryDir dir;
+    const QString out = dir.filePath("missing-folder/x.gk2");
+    int written = -1;
+    QString error;
+    QVERIFY(!DxfSheetExport::ExportGK2(DxfDrawing(), out, &written, &error));
+    QCOMPARE(written, 0);
+    QVERIFY(error.contains("x.gk2"));
+    QVERIFY(!QFile::exists(out));
+}
+
+QTEST_GUILESS_MAIN(DxfSheetExportTest)
+#include "DxfSheetExportTest.moc"
