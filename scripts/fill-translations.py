@@ -122,6 +122,7 @@ GERMAN = {
     "%1: line %2: %3 announces %4 items, more than the file can hold":
         "%1: Zeile %2: %3 kündigt %4 Einträge an, mehr als die Datei fassen kann",
     "%1: the file ends without an EOF marker (truncated?)": "%1: die Datei endet ohne EOF-Marke (abgeschnitten?)",
+    "%1: cannot write the file: %2": "%1: die Datei kann nicht geschrieben werden: %2",
     # Geo-system chooser
     "Select Geo System": "Geosystem auswählen",
     "EPSG code or name": "EPSG-Code oder Name",

@@ -649,6 +649,13 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
     </message>
 </context>
 <context>
+    <name>DxfSheetExport</name>
+    <message>
+        <source>%1: cannot write the file: %2</source>
+        <translation>%1: die Datei kann nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
     <name>FieldAssignmentFile</name>
     <message>
         <source>The file cannot be opened</source>
