@@ -23,6 +23,9 @@ public:
 private:
     int dump(const QString& file);
     int usageError(const QString& message);
+    int failure(const QString& message);
+    int inserts(const QString& file);
+    int gk2(QStringList arguments);
 
     QTextStream& out;
     QTextStream& err;

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void shapeFilesAreSummedUpAndImported();
     void dxfFilesAreDumped_data();
     void dxfFilesAreDumped();
+    void gk2ExportWritesTheExpectedBytes();
 };
 
 void KamoToolsCliTest::badUsageExitsWithTwo_data()
@@ -356,6 +357,13 @@ void KamoToolsCliTest::dxfFilesAreDumped_data()
     QTest::newRow("huge count") << "dxf dump @/huge-count.dxf" << 1 << "LWPOLYLINE announces 2000000000";
     QTest::newRow("two files") << "dxf dump @/drawing.dxf @/drawing.dxf" << 2 << "dxf dump takes one file";
     QTest::newRow("unknown action") << "dxf list @/drawing.dxf" << 2 << "unknown dxf action 'list'";
+    QTest::newRow("inserts") << "dxf inserts @/sheets.dxf" << 0
+                             << "2\tBLATT_42\tBLATTSCHNITT\t0.000\t0.000\tBl_Nr=42\n";
+    QTest::newRow("gk2 of some blocks") << "dxf gk2 @/sheets.dxf " + QDir::tempPath()
+            + "/kamo-cli-test.gk2 --blocks ^BLATT_4[01]$"
+                                        << 0 << "Export completed - Inserts written: 2\n";
+    QTest::newRow("gk2 without target") << "dxf gk2 @/sheets.dxf" << 2 << "takes a DXF file and the GK2 file";
+    QTest::newRow("gk2 bad expression") << "dxf gk2 @/sheets.dxf x.gk2 --blocks (" << 2 << "--blocks: ";
 }
 
 void KamoToolsCliTest::dxfFilesAreDumped()
@@ -366,6 +374,19 @@ void KamoToolsCliTest::dxfFilesAreDumped()
     const Result result = runTool(arguments.replace('@', KAMO_DXF_DATA).split(' '));
     QCOMPARE(result.exitCode, exitCode);
     QVERIFY2((exitCode == 0 ? result.out : result.err).contains(output), qPrintable(result.out + result.err));
+}
+
+void KamoToolsCliTest::gk2ExportWritesTheExpectedBytes()
+{
+    QTemporaryDir dir;
+    const QString data = KAMO_DXF_DATA;
+    const Result result = runTool({ "dxf", "gk2", data + "/sheets.dxf", dir.filePath("out.gk2") });
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.err, "Rectangle detector detected less or more than one rectangle (Block:4\n");
+    QFile written(dir.filePath("out.gk2"));
+    QFile expected(data + "/sheets.gk2");
+    QVERIFY(written.open(QIODevice::ReadOnly) && expected.open(QIODevice::ReadOnly));
+    QCOMPARE(written.readAll(), expected.readAll());
 }
 
 QTEST_GUILESS_MAIN(KamoToolsCliTest)
