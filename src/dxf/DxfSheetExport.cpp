@@ -76,23 +76,7 @@ bool DxfSheetExport::ExportGK2(const DxfDrawing& drawing, const QString& file, i
             for (auto label = polyline.labels.cbegin(); label != polyline.labels.cend(); ++label) {
                 if (label.key() < 0 || label.key() >= polyline.vertices.size())
                     continue;
-                int slot = -1;
-                switch (label.value()) {
-                case GK::vpTopLeft:
-                    slot = 0;
-                    break;
-                case GK::vpTopRight:
-                    slot = 1;
-                    break;
-                case GK::vpBottomRight:
-                    slot = 2;
-                    break;
-                case GK::vpBottomLeft:
-                    slot = 3;
-                    break;
-                default:
-                    break;
-                }
+                const int slot = GK::VtxPositionRingSlot(label.value());
                 if (slot >= 0)
                     slots[slot] = &polyline.vertices.at(label.key());
             }

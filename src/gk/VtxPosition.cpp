@@ -19,4 +19,20 @@ QString VtxPositionText(VtxPosition position)
     return QStringLiteral("Unknown");
 }
 
+int VtxPositionRingSlot(VtxPosition position)
+{
+    switch (position) {
+    case vpTopLeft:
+        return 0;
+    case vpTopRight:
+        return 1;
+    case vpBottomRight:
+        return 2;
+    case vpBottomLeft:
+        return 3;
+    default:
+        return -1;
+    }
+}
+
 } // namespace GK

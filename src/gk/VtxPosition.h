@@ -23,6 +23,10 @@ enum VtxPosition : std::int32_t {
 // "Unknown" for 0 and any value outside 1..4.
 KAMO_TOOLS_EXPORT QString VtxPositionText(VtxPosition position);
 
+// Where a labelled corner goes when a sheet is written as a ring: top left
+// 0, top right 1, bottom right 2, bottom left 3; -1 for any other label.
+KAMO_TOOLS_EXPORT int VtxPositionRingSlot(VtxPosition position);
+
 } // namespace GK
 
 #endif

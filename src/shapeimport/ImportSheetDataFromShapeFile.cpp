@@ -69,23 +69,7 @@ bool ImportSheetDataFromShapeFile::ImportFile(const QString& shapeFile, const QS
                 for (const GK::CGKSheet& sheet : sheets) {
                     QPolygonF corners(4);
                     for (const GK::CGKVertex& vertex : sheet.vertices) {
-                        int slot = -1;
-                        switch (vertex.position) {
-                        case GK::vpTopLeft:
-                            slot = 0;
-                            break;
-                        case GK::vpTopRight:
-                            slot = 1;
-                            break;
-                        case GK::vpBottomRight:
-                            slot = 2;
-                            break;
-                        case GK::vpBottomLeft:
-                            slot = 3;
-                            break;
-                        default:
-                            break;
-                        }
+                        const int slot = GK::VtxPositionRingSlot(vertex.position);
                         if (slot >= 0)
                             corners[slot] = QPointF(vertex.x, vertex.y);
                     }
