@@ -75,5 +75,11 @@ if diff -r -x ann_sic sample/Musterstadt-Kanalsanierung/Daten "$project/Daten" >
 fi
 
 echo
+echo "=== kamo-tools dxf gk2 CAD/Blattschnitte.dxf (the sheet corners of the CAD drawing for the host)"
+"$tool" dxf gk2 "$project/CAD/Blattschnitte.dxf" "$work/Blattschnitte.gk2" | sed "s|$work/||g"
+echo "  the first sheet of $work/Blattschnitte.gk2:" | sed "s|$work/||g"
+head -n 7 "$work/Blattschnitte.gk2" | tr -d '\r' | sed 's/^/    /'
+
+echo
 echo "Backups and logs: $(ls -d "$project"/Daten/ann_sic/* | tr '\n' ' ')"
 echo "The changed copy stays in $project; the sample itself is untouched."

@@ -513,6 +513,11 @@ def main():
             source = os.path.join(fixtures, name + suffix)
             if os.path.exists(source):
                 shutil.copyfile(source, os.path.join(gis, {"sheets": "Blattschnitte", "buildings": "Gebaeude"}[name] + suffix))
+    # The sheet frames of the sewer route as a CAD drawing, for the DXF workbench.
+    cad = os.path.join(root, "CAD")
+    os.makedirs(cad)
+    shutil.copyfile(os.path.join(here, os.pardir, "tests", "dxf", "data", "route.dxf"),
+                    os.path.join(cad, "Blattschnitte.dxf"))
     print("wrote %d annotation files to %s" % (len(DOCUMENTS), data))
 
 

@@ -51,6 +51,12 @@ INI
     shot "$work/shape-import-$lang.ini" $language --open shape-import --screenshot "$images/dlg-shape-import-$lang.png"
 done
 
+# The DXF workbench on the sample's drawing, as the host opens it (German),
+# and after a correction and an export (English, from the dialog's test).
+: >"$work/dxf-tools.ini"
+shot "$work/dxf-tools.ini" --lang de --open dxf-tools --screenshot "$images/dlg-dxf-tools-de.png"
+KAMO_SCREENSHOT_DIR=$images "$bin/DlgDxfToolsTest" showModalRunsTheWorkbench >/dev/null 2>&1
+
 # The analysis result, filled from the sample project by the dialog's test.
 KAMO_SCREENSHOT_DIR=$images "$bin/DlgAnalyzeProjectTest" showResultOpensTheFilledDialog >/dev/null 2>&1
 

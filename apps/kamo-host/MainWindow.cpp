@@ -6,12 +6,14 @@
 #include <ProjectDescription.h>
 #include <TableInfo.h>
 #include <TreeWidget.h>
+#include <dialogs/DialogDxfTools.h>
 #include <dialogs/DialogImportShapeFile.h>
 #include <dialogs/DialogNodeTools.h>
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QDir>
+#include <QDirIterator>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -95,6 +97,7 @@ MainWindow::MainWindow(QSettings* settings, QWidget* parent)
     toolsMenu = menuBar()->addMenu(QStringLiteral("&Werkzeuge"));
     addTool(QStringLiteral("node-tools"), QStringLiteral("&Knotenwerkzeuge…"), &MainWindow::openNodeTools);
     addTool(QStringLiteral("shape-import"), QStringLiteral("&Shape-Import…"), &MainWindow::openShapeImport);
+    addTool(QStringLiteral("dxf-tools"), QStringLiteral("&DXF-Werkbank…"), &MainWindow::openDxfTools);
 
     connect(tree, &QTreeWidget::currentItemChanged, this, &MainWindow::showDetails);
     updateProjectState();
@@ -138,6 +141,7 @@ bool MainWindow::LoadProject(const QString& root, QString* error)
     // The facades borrow the maps of the project they were given.
     nodeTools.reset();
     shapeImport.reset();
+    dxfTools.reset();
     importResults->clear();
     tree->ShowProject(
         loaded->Nodes(), loaded->NodeOrder(), loaded->Tables(), loaded->Participants(), loaded->Galleries());
@@ -241,6 +245,28 @@ void MainWindow::openShapeImport()
         showImportResults(*shapeImport);
         pages->setCurrentWidget(importResults);
     }
+}
+
+void MainWindow::openDxfTools()
+{
+    if (!project)
+        return;
+    if (!dxfTools) {
+        dxfTools = std::make_unique<DialogDxfTools>(this, settings);
+        // Until the user has chosen a drawing, offer the project's first.
+        if (!settings->contains(QStringLiteral("DxfToolsDialog/LastUsedFile"))) {
+            QDirIterator it(projectRoot, { QStringLiteral("*.dxf"), QStringLiteral("*.DXF") }, QDir::Files,
+                QDirIterator::Subdirectories);
+            QStringList drawings;
+            while (it.hasNext())
+                drawings.append(it.next());
+            std::sort(drawings.begin(), drawings.end());
+            if (!drawings.isEmpty())
+                dxfTools->SetDxfFilename(drawings.first());
+        }
+    }
+    dxfTools->Initialize();
+    dxfTools->ShowModal();
 }
 
 namespace {

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+class DialogDxfTools;
 class DialogImportShapeFile;
 class DialogNodeTools;
 class ItemInfo;
@@ -66,6 +67,7 @@ private:
     void chooseProject();
     void openNodeTools();
     void openShapeImport();
+    void openDxfTools();
     void showImportResults(const DialogImportShapeFile& import);
     void showDetails();
     void updateProjectState();
@@ -85,6 +87,7 @@ private:
     // chosen in the dialog is kept for the next run.
     std::unique_ptr<DialogNodeTools> nodeTools;
     std::unique_ptr<DialogImportShapeFile> shapeImport;
+    std::unique_ptr<DialogDxfTools> dxfTools;
 };
 
 #endif

@@ -56,7 +56,7 @@ int main(int argc, char* argv[])
     const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
         QStringLiteral("Save a PNG image of the window to FILE and quit."), QStringLiteral("FILE"));
     const QCommandLineOption toolOption(QStringLiteral("open"),
-        QStringLiteral("Open a tool of the Werkzeuge menu at start: node-tools or shape-import. "
+        QStringLiteral("Open a tool of the Werkzeuge menu at start: node-tools, shape-import or dxf-tools. "
                        "With --screenshot, the tool's dialog is saved instead of the window."),
         QStringLiteral("TOOL"));
     parser.addOptions({ settingsOption, languageOption, screenshotOption, toolOption });

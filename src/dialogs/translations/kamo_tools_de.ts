@@ -95,6 +95,189 @@
     </message>
 </context>
 <context>
+    <name>DlgDxfTools</name>
+    <message>
+        <source>DXF Workbench</source>
+        <translation>DXF-Werkbank</translation>
+    </message>
+    <message>
+        <source>DXF &amp;file:</source>
+        <translation>DXF-&amp;Datei:</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>No drawing loaded</source>
+        <translation>Keine Zeichnung geladen</translation>
+    </message>
+    <message>
+        <source>Inserts</source>
+        <translation>Blockreferenzen</translation>
+    </message>
+    <message>
+        <source>#</source>
+        <translation>#</translation>
+    </message>
+    <message>
+        <source>Block</source>
+        <translation>Block</translation>
+    </message>
+    <message>
+        <source>Sheet number</source>
+        <translation>Blattnummer</translation>
+    </message>
+    <message>
+        <source>Layer</source>
+        <translation>Layer</translation>
+    </message>
+    <message>
+        <source>Corners</source>
+        <translation>Ecken</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Block &amp;filter:</source>
+        <translation>Block&amp;filter:</translation>
+    </message>
+    <message>
+        <source>Regular expression on the block name</source>
+        <translation>Regulärer Ausdruck auf den Blocknamen</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Anwenden</translation>
+    </message>
+    <message>
+        <source>Use the inserts whose block name matches, leave out the others</source>
+        <translation>Die Blockreferenzen mit passendem Blocknamen verwenden, die übrigen auslassen</translation>
+    </message>
+    <message>
+        <source>A&amp;ll</source>
+        <translation>A&amp;lle</translation>
+    </message>
+    <message>
+        <source>Use every insert</source>
+        <translation>Alle Blockreferenzen verwenden</translation>
+    </message>
+    <message>
+        <source>&amp;None</source>
+        <translation>&amp;Keine</translation>
+    </message>
+    <message>
+        <source>Leave out every insert</source>
+        <translation>Alle Blockreferenzen auslassen</translation>
+    </message>
+    <message>
+        <source>Vertices</source>
+        <translation>Stützpunkte</translation>
+    </message>
+    <message>
+        <source>Vertex</source>
+        <translation>Punkt</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Ecke</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgabe</translation>
+    </message>
+    <message>
+        <source>&amp;Dump DXF</source>
+        <translation>DXF a&amp;uflisten</translation>
+    </message>
+    <message>
+        <source>List the layers, blocks and entities of the file in the output</source>
+        <translation>Layer, Blöcke und Objekte der Datei in der Ausgabe auflisten</translation>
+    </message>
+    <message>
+        <source>&amp;Correct Vertex Positions</source>
+        <translation>Eckpositionen &amp;korrigieren</translation>
+    </message>
+    <message>
+        <source>Label the frame corners of the used inserts along their route</source>
+        <translation>Die Rahmenecken der verwendeten Blockreferenzen entlang ihrer Trasse benennen</translation>
+    </message>
+    <message>
+        <source>&amp;Export to Kamo as GK2…</source>
+        <translation>Als GK2 nach Kamo &amp;exportieren…</translation>
+    </message>
+    <message>
+        <source>Write the labelled corners of the used inserts with a sheet number</source>
+        <translation>Die benannten Ecken der verwendeten Blockreferenzen mit Blattnummer schreiben</translation>
+    </message>
+    <message>
+        <source>Clear o&amp;utput</source>
+        <translation>Ausgabe &amp;leeren</translation>
+    </message>
+    <message>
+        <source>Opened %1: %2 layers, %3 blocks, %4 inserts</source>
+        <translation>%1 geöffnet: %2 Layer, %3 Blöcke, %4 Blockreferenzen</translation>
+    </message>
+    <message>
+        <source>Correction completed - Inserts labelled: %1</source>
+        <translation>Korrektur abgeschlossen - Blockreferenzen benannt: %1</translation>
+    </message>
+    <message>
+        <source>Export completed - Inserts written: %1</source>
+        <translation>Export abgeschlossen - Blockreferenzen geschrieben: %1</translation>
+    </message>
+    <message>
+        <source>No corner was labelled, so only the sheet numbers were written: run the correction first</source>
+        <translation>Keine Ecke war benannt, daher wurden nur die Blattnummern geschrieben: zuerst die Korrektur ausführen</translation>
+    </message>
+    <message>
+        <source>Open DXF Drawing</source>
+        <translation>DXF-Zeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>DXF drawings (*.dxf *.DXF);;All files (*)</source>
+        <translation>DXF-Zeichnungen (*.dxf *.DXF);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Export to Kamo as GK2</source>
+        <translation>Als GK2 nach Kamo exportieren</translation>
+    </message>
+    <message>
+        <source>GK2 files (*.gk2);;All files (*)</source>
+        <translation>GK2-Dateien (*.gk2);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>The drawing defines no block of this name</source>
+        <translation>Die Zeichnung enthält keinen Block dieses Namens</translation>
+    </message>
+    <message>
+        <source>%1 layers, %2 blocks, %3 inserts, %4 of them used</source>
+        <translation>%1 Layer, %2 Blöcke, %3 Blockreferenzen, davon %4 verwendet</translation>
+    </message>
+    <message>
+        <source>Vertices of block %1</source>
+        <translation>Stützpunkte des Blocks %1</translation>
+    </message>
+    <message>
+        <source>The block holds no polyline</source>
+        <translation>Der Block enthält keine Polylinie</translation>
+    </message>
+    <message>
+        <source>Polyline %1 (vertices: %2)</source>
+        <translation>Polylinie %1 (Stützpunkte: %2)</translation>
+    </message>
+</context>
+<context>
     <name>DlgNodeTools</name>
     <message>
         <source>Werkzeuge</source>

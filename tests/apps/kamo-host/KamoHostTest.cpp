@@ -4,6 +4,7 @@
 
 #include <ProjectDescription.h>
 #include <TreeWidget.h>
+#include <dialogs/DlgDxfTools.h>
 #include <dialogs/DlgShapeImport.h>
 
 #include <QAction>
@@ -53,6 +54,8 @@ private Q_SLOTS:
     void failedOpenKeepsTheOpenProject();
     void toolsNeedAProject();
     void shapeImportConvertsAndKeepsTheProjectArea();
+    void dxfToolsOpenTheProjectDrawingUntilOneWasUsed_data();
+    void dxfToolsOpenTheProjectDrawingUntilOneWasUsed();
     void screenshot_data();
     void screenshot();
 };
@@ -182,6 +185,39 @@ void KamoHostTest::shapeImportConvertsAndKeepsTheProjectArea()
     const QStringList lines = window.ImportResultLines();
     QCOMPARE(lines.size(), 3);
     QVERIFY2(lines.at(2).startsWith("DEBW0003: "), qPrintable(lines.join('\n')));
+}
+
+void KamoHostTest::dxfToolsOpenTheProjectDrawingUntilOneWasUsed_data()
+{
+    QTest::addColumn<QString>("lastUsed"); // "ROOT": the sample copy
+    QTest::addColumn<QString>("opened");
+
+    QTest::newRow("none used yet") << ""
+                                   << "ROOT/CAD/Blattschnitte.dxf";
+    QTest::newRow("one used before") << KAMO_DXF_DATA "/sheets.dxf" << KAMO_DXF_DATA "/sheets.dxf";
+}
+
+void KamoHostTest::dxfToolsOpenTheProjectDrawingUntilOneWasUsed()
+{
+    QFETCH(QString, lastUsed);
+    QFETCH(QString, opened);
+
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath("host.ini"), QSettings::IniFormat);
+    if (!lastUsed.isEmpty())
+        settings.setValue("DxfToolsDialog/LastUsedFile", lastUsed);
+    MainWindow window(&settings);
+    const QString root = copySample(dir);
+    QVERIFY(window.LoadProject(root));
+    QString shown;
+    ModalDriver driver;
+    driver.Expect("DlgDxfTools", [&shown](QWidget* widget) {
+        shown = static_cast<DlgDxfTools*>(widget)->GetDxfFilename();
+        static_cast<DlgDxfTools*>(widget)->reject();
+    });
+    QVERIFY(window.RunTool("dxf-tools"));
+    QCOMPARE(driver.Seen(), QStringList { "DlgDxfTools" });
+    QCOMPARE(shown, QString(opened).replace("ROOT", root));
 }
 
 void KamoHostTest::screenshot_data()

@@ -90,6 +90,40 @@ def sheets():
     return doc
 
 
+def route():
+    """Seven 1:500 sheets along a sewer route that runs east, turns north
+    and east again, the way a surveyor's drawing holds them: one block per
+    sheet with its frame in world coordinates, inserted at the origin,
+    neighbours overlapping by 20 m. Where the route runs north the sheets
+    are turned, so that the route still runs along their long side; it
+    turns near the east end of the third sheet."""
+    doc = ezdxf.new("R2000")
+    doc.header["$HANDSEED"] = "FFFF"
+    doc.layers.add("BLATTSCHNITT", color=1)
+    doc.layers.add("TRASSE", color=5)
+    frames = [frame(3512000.0, 5812000.0, 400.0, 280.0), frame(3512380.0, 5812000.0, 400.0, 280.0),
+              frame(3512760.0, 5812000.0, 400.0, 280.0), frame(3512910.0, 5812260.0, 280.0, 400.0),
+              frame(3512910.0, 5812640.0, 280.0, 400.0), frame(3513170.0, 5812810.0, 400.0, 280.0),
+              frame(3513550.0, 5812810.0, 400.0, 280.0)]
+    # Drawn clockwise from the top-left corner.
+    frames[3] = [frames[3][3], frames[3][2], frames[3][1], frames[3][0]]
+    msp = doc.modelspace()
+    for number, ring in enumerate(frames, start=101):
+        name = "BLATT_%d" % number
+        sheet_block(doc, name, ring)
+        x, y = ring[0]
+        insert = msp.add_blockref(name, (0, 0), dxfattribs={"layer": "BLATTSCHNITT"})
+        tag = "Bl_Nr" if number == 106 else "BL_NR"
+        insert.add_attrib(tag, str(number), (x + 10, y + 10), dxfattribs={"layer": "BLATTSCHNITT"})
+        insert.add_attrib("MASSSTAB", "1:500", (x + 10, y + 20), dxfattribs={"layer": "BLATTSCHNITT"})
+    msp.add_lwpolyline([(3512020.0, 5812140.0), (3513050.0, 5812140.0), (3513050.0, 5812950.0),
+                        (3513930.0, 5812950.0)], dxfattribs={"layer": "TRASSE"})
+    north = doc.blocks.new("NORDPFEIL")
+    north.add_line((0, 0), (0, 20))
+    msp.add_blockref("NORDPFEIL", (3512050.0, 5812900.0))
+    return doc
+
+
 def write_text(name, text):
     with open(path(name), "w", newline="") as file:
         file.write(text)
@@ -99,7 +133,9 @@ def main():
     wanted = set(sys.argv[1:])
     if not wanted or "sheets.dxf" in wanted:
         sheets().saveas(path("sheets.dxf"))
-    if wanted and not wanted - {"sheets.dxf"}:
+    if not wanted or "route.dxf" in wanted:
+        route().saveas(path("route.dxf"))
+    if wanted and not wanted - {"sheets.dxf", "route.dxf"}:
         return
     drawing().saveas(path("drawing.dxf"))
     with open(path("drawing.dxf"), newline="") as file:

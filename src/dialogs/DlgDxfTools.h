@@ -1,0 +1,100 @@
+#ifndef KAMO_TOOLS_DLGDXFTOOLS_H
+#define KAMO_TOOLS_DLGDXFTOOLS_H
+
+#include "dxf/DxfDrawing.h"
+#include "kamo_tools_export.h"
+
+#include <QDialog>
+#include <QString>
+
+class QSettings;
+class QTreeWidgetItem;
+
+namespace Ui {
+class DlgDxfTools;
+}
+
+// The DXF workbench: opens a drawing, lists its inserts with block, sheet
+// number and a use check box, lets a block filter set those check boxes,
+// shows the vertices of the current insert's frame with their corner labels,
+// and offers the dump listing, the corner correction and the GK2 export,
+// each reporting into the output log. The drawing lives as long as the
+// dialog, so labels found by a correction stay for the next export.
+class KAMO_TOOLS_EXPORT DlgDxfTools : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit DlgDxfTools(QWidget* parent = nullptr);
+    ~DlgDxfTools() override;
+
+    // Borrowed; without settings nothing is restored or remembered.
+    void SetSettings(QSettings* store) { settings = store; }
+    // A file that Initialize opens instead of the last used one.
+    void SetDxfFilename(const QString& file) { presetFile = file; }
+    // Restores the stored state and opens the preset or last used file when
+    // it exists.
+    void Initialize();
+
+    // Reads the file and replaces the drawing; on failure the reason goes
+    // to the output log and the drawing shown before stays.
+    bool OpenFile(const QString& file);
+    QString GetDxfFilename() const { return fileName; }
+    // Why the last OpenFile failed; empty after a success.
+    QString GetLastError() const { return lastError; }
+    const DxfDrawing& GetDrawing() const { return drawing; }
+
+    // Uses exactly the inserts whose block name the regular expression
+    // matches (anywhere in the name; empty matches all). False, changing
+    // nothing, for an invalid expression.
+    bool ApplyBlockFilter(const QString& pattern);
+    void SetAllUsed(bool use);
+    void SetInsertUsed(int insert, bool use);
+
+    // Lists the file's entities into the output log.
+    bool DumpDxf();
+    // Labels the frame corners of the used inserts afresh: labels of an
+    // earlier run are dropped first, so that inserts left out since then
+    // lose theirs.
+    void CorrectVertexPositions();
+    // Writes the used inserts to `file` and reports the count in the log;
+    // a failure is reported in the log and in a message box.
+    bool ExportGK2(const QString& file);
+
+    QString OutputText() const;
+
+public Q_SLOTS:
+    void OnOpenClicked();
+    void OnApplyFilterClicked();
+    void OnDumpClicked();
+    void OnCorrectClicked();
+    void OnExportClicked();
+    void OnBlockFilterChanged(const QString& text);
+    void OnInsertItemChanged(QTreeWidgetItem* item, int column);
+    void OnCurrentInsertChanged(QTreeWidgetItem* current);
+
+protected:
+    void done(int result) override;
+
+private:
+    void appendOutput(const QString& line);
+    void fillInsertTree();
+    void showCheckStates();
+    void showCorners();
+    void showSummary();
+    void showVertices(int insert);
+    void setBusy(bool busy);
+    void saveState();
+    QString startFolder() const;
+
+    Ui::DlgDxfTools* ui;
+    QSettings* settings = nullptr;
+    QString presetFile;
+    QString fileName;
+    QString lastError;
+    DxfDrawing drawing;
+    // A dump processes events while it runs; closing must wait for it.
+    bool busy = false;
+};
+
+#endif
