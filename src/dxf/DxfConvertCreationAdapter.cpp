@@ -37,7 +37,7 @@ void DxfConvertCreationAdapter::endBlock()
     block = -1;
 }
 
-void DxfConvertCreationAdapter::addPolyline(const DL_PolylineData&)
+void DxfConvertCreationAdapter::addPolyline(const DL_PolylineData& data)
 {
     endAttributes();
     // Model-space polylines belong to no sheet frame.
@@ -46,6 +46,10 @@ void DxfConvertCreationAdapter::addPolyline(const DL_PolylineData&)
     QList<DxfPolyline>& polylines = drawing.blocks[block].polylines;
     polylines.append(DxfPolyline());
     polyline = &polylines.last();
+    // The announced count is checked against the file's size before
+    // reading, but a frame needs few vertices: a bound keeps a lying count
+    // from reserving much.
+    polyline->vertices.reserve(int(qMin(data.number, 64u)));
 }
 
 void DxfConvertCreationAdapter::addVertex(const DL_VertexData& data)
@@ -61,7 +65,14 @@ void DxfConvertCreationAdapter::addInsert(const DL_InsertData& data)
         return;
     DxfInsert entry;
     entry.blockName = text(data.name);
-    entry.layer = text(attributes.getLayer());
+    // Sheets sit on one or a few layers: converting the name once per run
+    // of equal names spares a string per insert and lets them share it.
+    const std::string& layer = attributes.getLayer();
+    if (layer != lastLayerName || lastLayer.isNull()) {
+        lastLayerName = layer;
+        lastLayer = text(layer);
+    }
+    entry.layer = lastLayer;
     entry.x = data.ipx;
     entry.y = data.ipy;
     drawing.inserts.append(entry);

@@ -5,6 +5,8 @@
 
 #include <dl_creationadapter.h>
 
+#include <string>
+
 // Collects what the DXF workbench works on into a DxfDrawing while dxflib
 // reads. Internal: its base class drags dxflib's headers along.
 //
@@ -59,6 +61,8 @@ private:
     int block = -1; // index into drawing.blocks while inside a definition
     DxfPolyline* polyline = nullptr;
     int insert = -1; // the insert that takes following attributes
+    std::string lastLayerName;
+    QString lastLayer;
 };
 
 #endif

@@ -14,7 +14,13 @@ const DxfBlock* DxfDrawing::Block(const QString& name) const
 
 DxfBlock* DxfDrawing::Block(const QString& name)
 {
-    return const_cast<DxfBlock*>(static_cast<const DxfDrawing*>(this)->Block(name));
+    // Not through the const lookup: that one does not detach, and a change
+    // through its pointer would reach every copy of the drawing.
+    for (int i = 0; i < blocks.size(); ++i) {
+        if (blocks.at(i).name == name)
+            return &blocks[i];
+    }
+    return nullptr;
 }
 
 bool DxfDrawing::Read(const QString& path, DxfDrawing& drawing, QString* error)

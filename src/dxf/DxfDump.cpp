@@ -10,8 +10,10 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -21,15 +23,58 @@ constexpr long long maximumCount = 10000000;
 
 // Group codes whose value dxflib takes as the number of following items and
 // allocates for at once.
-bool isCountCode(const QByteArray& entity, int code)
+bool isCountCode(QLatin1String entity, int code)
 {
-    if (entity == "LWPOLYLINE")
+    if (entity == QLatin1String("LWPOLYLINE"))
         return code == 90;
-    if (entity == "SPLINE")
+    if (entity == QLatin1String("SPLINE"))
         return code == 72 || code == 73 || code == 74;
-    if (entity == "LEADER")
+    if (entity == QLatin1String("LEADER"))
         return code == 76;
     return false;
+}
+
+// The whitespace QByteArray::trimmed() removes.
+bool isSpace(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// A line of the file without its '\n', looked at in place: the check runs
+// before every read of a drawing, and a copy of each of its millions of
+// lines cost as much as a third of dxflib's own parsing.
+QLatin1String trimmed(const char* begin, const char* end)
+{
+    while (begin < end && isSpace(*begin))
+        ++begin;
+    while (end > begin && isSpace(end[-1]))
+        --end;
+    return QLatin1String(begin, int(end - begin));
+}
+
+// QLatin1String::left() does not clamp.
+QLatin1String shown(QLatin1String text)
+{
+    return QLatin1String(text.data(), qMin(text.size(), 40));
+}
+
+int groupCode(QLatin1String text, bool* isNumber)
+{
+    // Plain digits are nearly every code line; anything else takes the
+    // general parser, so signs and overflow are judged as they always were.
+    if (text.size() > 0 && text.size() <= 9) {
+        int code = 0;
+        bool digits = true;
+        for (const char c : text) {
+            digits = digits && c >= '0' && c <= '9';
+            code = code * 10 + (c - '0');
+        }
+        if (digits) {
+            *isNumber = true;
+            return code;
+        }
+    }
+    return QByteArray(text.data(), text.size()).toInt(isNumber);
 }
 
 bool readFile(const QString& path, QPlainTextEdit* output, QString* text, QString* error)
@@ -46,45 +91,80 @@ QString DxfDump::CheckFile(const QString& path)
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return QCoreApplication::translate("DxfDump", "%1: no such file or not readable").arg(name);
-    const QList<QByteArray> lines = file.readAll().split('\n');
-    // Every item a count announces takes at least two lines.
-    const long long limit = qMin<long long>(maximumCount, lines.size() / 2);
+    // Mapped rather than read: the file is read again by dxflib right after.
+    QByteArray contents;
+    const char* data = nullptr;
+    qint64 size = file.size();
+    if (size > 0)
+        data = reinterpret_cast<const char*>(file.map(0, size));
+    if (!data) {
+        contents = file.readAll();
+        data = contents.constData();
+        size = contents.size();
+    }
+    const char* const end = data + size;
+    auto lineEnd = [end](const char* begin) {
+        const void* newline = std::memchr(begin, '\n', size_t(end - begin));
+        return newline ? static_cast<const char*>(newline) : end;
+    };
+    // Every item a count announces takes at least two lines; counted only
+    // when a count turns up.
+    long long limit = -1;
+    auto countLimit = [&] {
+        if (limit < 0)
+            limit = qMin<long long>(maximumCount, (std::count(data, end, '\n') + 1) / 2);
+        return limit;
+    };
 
-    QByteArray entity;
+    QLatin1String entity;
     bool atEnd = false;
-    for (int i = 0; i + 1 < lines.size() && !atEnd; i += 2) {
-        for (int j = i; j <= i + 1; ++j) {
+    qint64 line = 0; // 0-based number of the code line
+    for (const char* begin = data; !atEnd; line += 2) {
+        // A pair needs its value line to begin, even if it is empty.
+        const char* codeEnd = lineEnd(begin);
+        if (codeEnd == end)
+            break;
+        const char* valueBegin = codeEnd + 1;
+        const char* valueEnd = lineEnd(valueBegin);
+        const qint64 lengths[2] = { codeEnd - begin, valueEnd - valueBegin };
+        for (int j = 0; j <= 1; ++j) {
             // dxflib reads lines into a fixed buffer and loses its place on
             // longer ones, reading garbage from then on.
-            if (lines.at(j).size() >= DL_DXF_MAXLINE - 1)
+            if (lengths[j] >= DL_DXF_MAXLINE - 1)
                 return QCoreApplication::translate("DxfDump", "%1: line %2 is longer than %3 characters")
                     .arg(name)
-                    .arg(j + 1)
+                    .arg(line + j + 1)
                     .arg(DL_DXF_MAXLINE - 2);
         }
+        const QLatin1String codeText = trimmed(begin, codeEnd);
         bool isNumber = false;
-        const int code = lines.at(i).trimmed().toInt(&isNumber);
+        const int code = groupCode(codeText, &isNumber);
         if (!isNumber)
             return QCoreApplication::translate("DxfDump", "%1: line %2 is not a group code: '%3'")
                 .arg(name)
-                .arg(i + 1)
-                .arg(QString::fromLatin1(lines.at(i).trimmed().left(40)));
-        const QByteArray value = lines.at(i + 1).trimmed();
+                .arg(line + 1)
+                .arg(shown(codeText));
+        const QLatin1String value = trimmed(valueBegin, valueEnd);
         if (code == 0) {
             entity = value;
-            atEnd = value == "EOF";
+            atEnd = value == QLatin1String("EOF");
         } else if (isCountCode(entity, code)) {
-            // Parsed like dxflib does: the leading integer counts.
+            // Parsed like dxflib does: the leading integer counts. A copy,
+            // since the mapped file has no terminating zero.
+            const QByteArray number(value.data(), value.size());
             errno = 0;
-            const long long count = std::strtoll(value.constData(), nullptr, 10);
-            if (errno == ERANGE || count > limit)
+            const long long count = std::strtoll(number.constData(), nullptr, 10);
+            if (errno == ERANGE || count > countLimit())
                 return QCoreApplication::translate(
                     "DxfDump", "%1: line %2: %3 announces %4 items, more than the file can hold")
                     .arg(name)
-                    .arg(i + 2)
-                    .arg(QString::fromLatin1(entity))
-                    .arg(QString::fromLatin1(value.left(40)));
+                    .arg(line + 2)
+                    .arg(entity)
+                    .arg(shown(value));
         }
+        if (valueEnd == end)
+            break;
+        begin = valueEnd + 1;
     }
     if (!atEnd)
         return QCoreApplication::translate("DxfDump", "%1: the file ends without an EOF marker (truncated?)").arg(name);

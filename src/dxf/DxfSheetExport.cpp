@@ -6,17 +6,42 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QHash>
 #include <QSaveFile>
 
 #include <vector>
+
+namespace {
+
+// Block name -> position of the first block of that name, as
+// DxfDrawing::Block finds it. Drawings have a block per sheet, and a search
+// along the list for every insert made the correction and the export
+// quadratic in the number of sheets.
+QHash<QString, int> firstBlocks(const DxfDrawing& drawing)
+{
+    QHash<QString, int> index;
+    index.reserve(drawing.blocks.size());
+    for (int i = drawing.blocks.size() - 1; i >= 0; --i)
+        index.insert(drawing.blocks.at(i).name, i);
+    return index;
+}
+
+const DxfBlock* findBlock(const DxfDrawing& drawing, const QHash<QString, int>& index, const QString& name)
+{
+    const int i = index.value(name, -1);
+    return i < 0 ? nullptr : &drawing.blocks.at(i);
+}
+
+} // namespace
 
 QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing)
 {
     QStringList log;
     std::vector<GK::CGKSheet> ensemble;
+    const QHash<QString, int> blocks = firstBlocks(drawing);
     for (int i = 0; i < drawing.inserts.size(); ++i) {
         const DxfInsert& insert = drawing.inserts.at(i);
-        const DxfBlock* block = drawing.Block(insert.blockName);
+        const DxfBlock* block = findBlock(drawing, blocks, insert.blockName);
         if (!block || block->polylines.size() != 1 || !insert.use)
             continue;
         QList<YPoint> points;
@@ -43,8 +68,9 @@ QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing)
     GK::CRoutingTilesRevisor(ensemble).Revise();
 
     for (const GK::CGKSheet& sheet : ensemble) {
-        DxfBlock* block = drawing.Block(drawing.inserts.at(sheet.tileIndex).blockName);
-        DxfPolyline& polyline = block->polylines.first();
+        // Non-const access detaches the drawing from any copy of it.
+        DxfBlock& block = drawing.blocks[blocks.value(drawing.inserts.at(sheet.tileIndex).blockName)];
+        DxfPolyline& polyline = block.polylines.first();
         for (const GK::CGKVertex& corner : sheet.vertices) {
             for (int v = 0; v < polyline.vertices.size(); ++v) {
                 // The corners are copies of vertex coordinates, so exact
@@ -66,8 +92,9 @@ bool DxfSheetExport::ExportGK2(const DxfDrawing& drawing, const QString& file, i
     if (written)
         *written = 0;
     QByteArray text("GK2\r\n");
+    const QHash<QString, int> blocks = firstBlocks(drawing);
     for (const DxfInsert& insert : drawing.inserts) {
-        const DxfBlock* block = drawing.Block(insert.blockName);
+        const DxfBlock* block = findBlock(drawing, blocks, insert.blockName);
         if (!block || !insert.HasSheetNumber() || block->polylines.isEmpty() || !insert.use)
             continue;
         text += "\r\n" + insert.SheetNumber().toUtf8() + "\r\n";

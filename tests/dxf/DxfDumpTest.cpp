@@ -24,6 +24,8 @@ private Q_SLOTS:
     void nullWidgetPrintsNothing();
     void malformedFileFails_data();
     void malformedFileFails();
+    void checkBoundaries_data();
+    void checkBoundaries();
     void everyPartsLibraryFileReads();
 };
 
@@ -105,6 +107,60 @@ void DxfDumpTest::malformedFileFails()
     QVERIFY2(error.contains(reason), qPrintable(error));
     QPlainTextEdit edit;
     QVERIFY(!DxfDump::DumpFile(file, &edit, nullptr));
+}
+
+// The check walks the file's bytes itself; these are the places where such a
+// walk slips: the last line, line ends, number syntax and the limits.
+void DxfDumpTest::checkBoundaries_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason"); // empty: safe to read
+
+    const QByteArray polyline = "  0\nLWPOLYLINE\n 90\n";
+    QTest::newRow("empty file") << QByteArray() << "ends without an EOF";
+    QTest::newRow("no line end after EOF") << QByteArray("  0\nEOF") << "";
+    QTest::newRow("CRLF") << QByteArray("  0\r\nSECTION\r\n  0\r\nEOF\r\n") << "";
+    QTest::newRow("odd line at the end") << QByteArray("  0\nSECTION\n  0") << "ends without an EOF";
+    QTest::newRow("text after EOF") << QByteArray("  0\nEOF\nnot a code\n") << "";
+    QTest::newRow("signed code") << QByteArray("+0\nEOF\n") << "";
+    QTest::newRow("hexadecimal code") << QByteArray("0x0\nEOF\n") << "line 1 is not a group code: '0x0'";
+    QTest::newRow("code beyond int") << QByteArray("  0\nSECTION\n99999999999\nX\n  0\nEOF\n")
+                                     << "line 3 is not a group code";
+    QTest::newRow("space inside code") << QByteArray("  0\nSECTION\n1 0\nX\n  0\nEOF\n")
+                                       << "line 3 is not a group code";
+    // 9 lines (the last one empty) hold at most 4 items.
+    QTest::newRow("count the file can hold") << polyline + "4\n  0\nEOF\n  0\nEOF\n"
+                                             << "";
+    QTest::newRow("count beyond the file") << polyline + "5\n  0\nEOF\n  0\nEOF\n"
+                                           << "line 4: LWPOLYLINE announces 5 items";
+    QTest::newRow("count beyond long long") << polyline + "99999999999999999999\n  0\nEOF\n"
+                                            << "announces 99999999999999999999";
+    QTest::newRow("count at the end without EOF") << polyline + "1"
+                                                  << "ends without an EOF";
+    QTest::newRow("count code of another entity") << QByteArray("  0\nLINE\n 90\n999\n  0\nEOF\n") << "";
+    QTest::newRow("longest line") << "  0\n" + QByteArray(1022, 'A') + "\n  0\nEOF\n"
+                                  << "";
+    QTest::newRow("line too long") << "  0\n" + QByteArray(1023, 'A') + "\n  0\nEOF\n"
+                                   << "line 2 is longer than 1022";
+    QTest::newRow("long line before a bad code") << "x\n" + QByteArray(1023, 'A') + "\n  0\nEOF\n"
+                                                 << "line 2 is longer";
+}
+
+void DxfDumpTest::checkBoundaries()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, reason);
+    QTemporaryDir dir;
+    QFile file(dir.filePath("check.dxf"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), qint64(content.size()));
+    file.close();
+
+    const QString problem = DxfDump::CheckFile(file.fileName());
+    if (reason.isEmpty())
+        QVERIFY2(problem.isEmpty(), qPrintable(problem));
+    else
+        QVERIFY2(problem.contains(reason), qPrintable(problem));
 }
 
 void DxfDumpTest::everyPartsLibraryFileReads()

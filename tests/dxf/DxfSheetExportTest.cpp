@@ -34,6 +34,8 @@ private Q_SLOTS:
     void singleRecord_data();
     void singleRecord();
     void unwritableTargetKeepsNothing();
+    void correctingACopyKeepsTheOriginal();
+    void firstBlockOfANameCounts();
 };
 
 void DxfSheetExportTest::capturedInserts_data()
@@ -168,6 +170,40 @@ void DxfSheetExportTest::unwritableTargetKeepsNothing()
     QCOMPARE(written, 0);
     QVERIFY(error.contains("x.gk2"));
     QVERIFY(!QFile::exists(out));
+}
+
+void DxfSheetExportTest::correctingACopyKeepsTheOriginal()
+{
+    DxfDrawing original;
+    QVERIFY(DxfDrawing::Read(fixture("sheets.dxf"), original, nullptr));
+    DxfDrawing copy = original;
+    DxfSheetExport::CorrectVertexPositions(copy);
+    copy.Block("BLATT_40")->name = "RENAMED";
+    QVERIFY(!copy.Block("BLATT_42")->polylines.first().labels.isEmpty());
+    QVERIFY(original.Block("BLATT_42")->polylines.first().labels.isEmpty());
+    QVERIFY(original.Block("BLATT_40"));
+}
+
+void DxfSheetExportTest::firstBlockOfANameCounts()
+{
+    const QVector<QPointF> frame { { 0, 0 }, { 40, 0 }, { 40, 28 }, { 0, 28 } };
+    DxfDrawing drawing;
+    drawing.blocks.append(DxfBlock { "B", { DxfPolyline { frame, {} } } });
+    drawing.blocks.append(DxfBlock { "B", { DxfPolyline { { { 100, 100 } }, { { 0, GK::vpTopLeft } } } } });
+    DxfInsert insert;
+    insert.blockName = "B";
+    insert.attributes = { { "BL_NR", "1" } };
+    drawing.inserts.append(insert);
+
+    QVERIFY(DxfSheetExport::CorrectVertexPositions(drawing).isEmpty());
+    QCOMPARE(drawing.blocks.at(0).polylines.first().labels.size(), 4);
+    QCOMPARE(drawing.blocks.at(1).polylines.first().labels.size(), 1);
+
+    QTemporaryDir dir;
+    const QString out = dir.filePath("x.gk2");
+    QVERIFY(DxfSheetExport::ExportGK2(drawing, out, nullptr, nullptr));
+    QVERIFY(!readAll(out).contains("100,00"));
+    QCOMPARE(readAll(out).count("\r\n"), 7);
 }
 
 QTEST_GUILESS_MAIN(DxfSheetExportTest)
