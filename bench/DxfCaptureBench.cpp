@@ -221,7 +221,9 @@ int main(int argc, char** argv)
         QStringLiteral("n"), QStringLiteral("3"));
     QCommandLineOption toolOption(QStringLiteral("kamo-tools"), QStringLiteral("The command line program."),
         QStringLiteral("path"), QCoreApplication::applicationDirPath() + QStringLiteral("/kamo-tools"));
-    parser.addOptions({ insertsOption, roundsOption, toolOption });
+    QCommandLineOption keepOption(QStringLiteral("keep"),
+        QStringLiteral("Also save the generated drawing here, to try the workbench on it."), QStringLiteral("file"));
+    parser.addOptions({ insertsOption, roundsOption, toolOption, keepOption });
     parser.process(app);
 
     const int inserts = std::max(1, parser.value(insertsOption).toInt());
@@ -237,6 +239,11 @@ int main(int argc, char** argv)
             out << "warning: cannot write " << path << '\n';
             return 1;
         }
+    }
+    if (parser.isSet(keepOption)) {
+        QFile::remove(parser.value(keepOption));
+        if (!QFile::copy(path, parser.value(keepOption)))
+            out << "warning: cannot write " << parser.value(keepOption) << '\n';
     }
     out << "drawing: " << inserts << " inserts, " << QString::number(QFileInfo(path).size() / 1e6, 'f', 1) << " MB\n";
 

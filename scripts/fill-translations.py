@@ -174,6 +174,8 @@ GERMAN = {
     "Vertices of block %1": "Stützpunkte des Blocks %1",
     "The block holds no polyline": "Der Block enthält keine Polylinie",
     "Polyline %1 (vertices: %2)": "Polylinie %1 (Stützpunkte: %2)",
+    "&Stop Dump": "Auflisten &anhalten",
+    "Dump stopped": "Auflisten angehalten",
     # Geo-system chooser
     "Select Geo System": "Geosystem auswählen",
     "EPSG code or name": "EPSG-Code oder Name",

@@ -65,7 +65,9 @@ DlgDxfTools::DlgDxfTools(QWidget* parent)
 {
     ui->setupUi(this);
     ui->outputEdit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    ui->insertTree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // Sized once per drawing: kept fitted to their contents, the columns
+    // would be measured again for every check box and label count that
+    // changes, which takes minutes on a drawing of thousands of sheets.
     ui->insertTree->header()->setStretchLastSection(true);
     ui->vertexTree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     ui->topSplitter->setSizes({ 600, 480 });
@@ -124,6 +126,11 @@ bool DlgDxfTools::OpenFile(const QString& file)
         return false;
     }
     drawing = std::move(read);
+    // Drawings hold a block per sheet: a search along the list per insert
+    // would make every refresh of the list quadratic.
+    blockIndex.clear();
+    for (int i = drawing.blocks.size() - 1; i >= 0; --i)
+        blockIndex.insert(drawing.blocks.at(i).name, i);
     fileName = file;
     ui->dxfFileEdit->setText(QDir::toNativeSeparators(file));
     if (settings)
@@ -175,11 +182,16 @@ bool DlgDxfTools::DumpDxf()
     if (fileName.isEmpty())
         return false;
     setBusy(true);
+    stopDump = false;
+    ui->dumpButton->setText(tr("&Stop Dump"));
     QString error;
-    const bool ok = DxfDump::DumpFile(fileName, ui->outputEdit, &error);
+    const bool ok = DxfDump::DumpFile(fileName, ui->outputEdit, &error, &stopDump);
+    ui->dumpButton->setText(tr("&Dump DXF"));
     setBusy(false);
     if (!ok)
         appendOutput(error);
+    else if (stopDump)
+        appendOutput(tr("Dump stopped"));
     return ok;
 }
 
@@ -197,8 +209,8 @@ void DlgDxfTools::CorrectVertexPositions()
     for (const QString& line : qAsConst(log))
         appendOutput(line);
     int labelled = 0;
-    for (const DxfInsert& insert : qAsConst(drawing.inserts)) {
-        if (insert.use && labelCount(drawing.Block(insert.blockName)) > 0)
+    for (int i = 0; i < drawing.inserts.size(); ++i) {
+        if (drawing.inserts.at(i).use && labelCount(blockOf(i)) > 0)
             ++labelled;
     }
     appendOutput(tr("Correction completed - Inserts labelled: %1").arg(labelled));
@@ -219,8 +231,8 @@ bool DlgDxfTools::ExportGK2(const QString& file)
         settings->setValue(Group + KeyLastExportFile, file);
     appendOutput(tr("Export completed - Inserts written: %1").arg(written));
     bool labelled = false;
-    for (const DxfInsert& insert : qAsConst(drawing.inserts))
-        labelled = labelled || (insert.use && labelCount(drawing.Block(insert.blockName)) > 0);
+    for (int i = 0; i < drawing.inserts.size() && !labelled; ++i)
+        labelled = drawing.inserts.at(i).use && labelCount(blockOf(i)) > 0;
     if (written > 0 && !labelled)
         appendOutput(tr("No corner was labelled, so only the sheet numbers were written: run the correction first"));
     return true;
@@ -248,7 +260,11 @@ void DlgDxfTools::OnApplyFilterClicked()
 
 void DlgDxfTools::OnDumpClicked()
 {
-    DumpDxf();
+    // While a dump runs, the same button stops it.
+    if (busy)
+        stopDump = true;
+    else
+        DumpDxf();
 }
 
 void DlgDxfTools::OnCorrectClicked()
@@ -332,7 +348,7 @@ void DlgDxfTools::fillInsertTree()
         item->setText(ColPosition, coordinate(insert.x) + QStringLiteral(", ") + coordinate(insert.y));
         item->setTextAlignment(ColIndex, Qt::AlignRight | Qt::AlignVCenter);
         item->setTextAlignment(ColCorners, Qt::AlignRight | Qt::AlignVCenter);
-        if (!drawing.Block(insert.blockName)) {
+        if (!blockOf(i)) {
             item->setForeground(ColBlock, palette().brush(QPalette::Disabled, QPalette::Text));
             item->setToolTip(ColBlock, tr("The drawing defines no block of this name"));
         }
@@ -340,6 +356,8 @@ void DlgDxfTools::fillInsertTree()
     }
     tree->addTopLevelItems(items);
     showCorners();
+    for (int column = 0; column < tree->columnCount(); ++column)
+        tree->resizeColumnToContents(column);
     showSummary();
     if (!items.isEmpty())
         tree->setCurrentItem(items.first());
@@ -360,7 +378,7 @@ void DlgDxfTools::showCorners()
     QTreeWidget* tree = ui->insertTree;
     const QSignalBlocker blocker(tree);
     for (int i = 0; i < tree->topLevelItemCount() && i < drawing.inserts.size(); ++i) {
-        const int count = labelCount(drawing.Block(drawing.inserts.at(i).blockName));
+        const int count = labelCount(blockOf(i));
         tree->topLevelItem(i)->setText(ColCorners, count > 0 ? QString::number(count) : QString());
     }
 }
@@ -392,7 +410,7 @@ void DlgDxfTools::showVertices(int insert)
     }
     const QString& blockName = drawing.inserts.at(insert).blockName;
     ui->verticesGroup->setTitle(tr("Vertices of block %1").arg(blockName));
-    const DxfBlock* block = drawing.Block(blockName);
+    const DxfBlock* block = blockOf(insert);
     if (!block) {
         tree->addTopLevelItem(new QTreeWidgetItem({ tr("The drawing defines no block of this name") }));
         return;
@@ -419,12 +437,18 @@ void DlgDxfTools::showVertices(int insert)
     }
 }
 
+const DxfBlock* DlgDxfTools::blockOf(int insert) const
+{
+    const int block = blockIndex.value(drawing.inserts.at(insert).blockName, -1);
+    return block < 0 ? nullptr : &drawing.blocks.at(block);
+}
+
 void DlgDxfTools::setBusy(bool on)
 {
     busy = on;
     const bool loaded = !fileName.isEmpty();
     ui->openButton->setEnabled(!busy);
-    ui->dumpButton->setEnabled(loaded && !busy);
+    ui->dumpButton->setEnabled(loaded);
     ui->correctButton->setEnabled(loaded && !busy && !drawing.inserts.isEmpty());
     ui->exportButton->setEnabled(loaded && !busy && !drawing.inserts.isEmpty());
     ui->applyFilterButton->setEnabled(!busy && QRegularExpression(ui->blockFilterEdit->text()).isValid());

@@ -5,6 +5,7 @@
 #include "kamo_tools_export.h"
 
 #include <QDialog>
+#include <QHash>
 #include <QString>
 
 class QSettings;
@@ -51,7 +52,8 @@ public:
     void SetAllUsed(bool use);
     void SetInsertUsed(int insert, bool use);
 
-    // Lists the file's entities into the output log.
+    // Lists the file's entities into the output log; the dump button stops
+    // it midway.
     bool DumpDxf();
     // Labels the frame corners of the used inserts afresh: labels of an
     // earlier run are dropped first, so that inserts left out since then
@@ -78,6 +80,8 @@ protected:
 
 private:
     void appendOutput(const QString& line);
+    // The first block of the insert's block name, null when there is none.
+    const DxfBlock* blockOf(int insert) const;
     void fillInsertTree();
     void showCheckStates();
     void showCorners();
@@ -93,8 +97,10 @@ private:
     QString fileName;
     QString lastError;
     DxfDrawing drawing;
+    QHash<QString, int> blockIndex; // block name -> first block of that name
     // A dump processes events while it runs; closing must wait for it.
     bool busy = false;
+    bool stopDump = false;
 };
 
 #endif

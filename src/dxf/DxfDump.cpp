@@ -77,9 +77,10 @@ int groupCode(QLatin1String text, bool* isNumber)
     return QByteArray(text.data(), text.size()).toInt(isNumber);
 }
 
-bool readFile(const QString& path, QPlainTextEdit* output, QString* text, QString* error)
+bool readFile(const QString& path, QPlainTextEdit* output, QString* text, QString* error, const bool* stop = nullptr)
 {
     DxfOutputCreationAdapter adapter(output, nullptr, text);
+    adapter.SetStopFlag(stop);
     return DxfGuardedRead(path, adapter, error);
 }
 
@@ -171,9 +172,9 @@ QString DxfDump::CheckFile(const QString& path)
     return QString();
 }
 
-bool DxfDump::DumpFile(const QString& path, QPlainTextEdit* output, QString* error)
+bool DxfDump::DumpFile(const QString& path, QPlainTextEdit* output, QString* error, const bool* stop)
 {
-    return readFile(path, output, nullptr, error);
+    return readFile(path, output, nullptr, error, stop);
 }
 
 bool DxfDump::DumpFileToText(const QString& path, QString& text, QString* error)

@@ -14,9 +14,12 @@ class KAMO_TOOLS_EXPORT DxfDump
 {
 public:
     // Appends the listing to `output` while reading (null: reads, prints
-    // nothing). False, with a reason in `error`, for a file that is missing
-    // or cannot be read safely; the lines read before that stay printed.
-    static bool DumpFile(const QString& path, QPlainTextEdit* output, QString* error);
+    // nothing), repainting and processing events per line. False, with a
+    // reason in `error`, for a file that is missing or cannot be read
+    // safely; the lines read before that stay printed. Once `*stop` (set by
+    // an event handler meanwhile) is true, nothing more is printed and the
+    // rest of the file is read quickly.
+    static bool DumpFile(const QString& path, QPlainTextEdit* output, QString* error, const bool* stop = nullptr);
 
     // The same text as `output->toPlainText()` would hold, without a widget
     // and without event processing.

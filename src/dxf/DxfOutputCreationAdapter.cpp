@@ -11,6 +11,8 @@ DxfOutputCreationAdapter::DxfOutputCreationAdapter(QPlainTextEdit* output, QObje
 
 void DxfOutputCreationAdapter::Print(const QString& text)
 {
+    if (stop && *stop)
+        return;
     if (textSink) {
         // appendPlainText starts a new paragraph unless the document is
         // still empty; the sink has to read the same as the widget.

@@ -34,6 +34,9 @@ public:
     void addAttribute(const DL_AttributeData& data) override;
 
     void Print(const QString& text);
+    // While `*stop` is true nothing more is printed; reading goes on, since
+    // dxflib cannot be left midway without leaking its file.
+    void SetStopFlag(const bool* flag) { stop = flag; }
 
 private:
     void printAttributes();
@@ -41,6 +44,7 @@ private:
     QPlainTextEdit* output;
     QObject* context;
     QString* textSink;
+    const bool* stop = nullptr;
 };
 
 #endif

@@ -13,6 +13,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 namespace {
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void unreadableFileKeepsTheDrawing();
     void exportFailureIsReported();
     void dumpAppendsTheListing();
+    void dumpButtonStopsARunningDump();
     void settingsBringBackFileFilterAndGeometry();
     void showModalRunsTheWorkbench();
 };
@@ -289,6 +291,28 @@ void DlgDxfToolsTest::dumpAppendsTheListing()
     QVERIFY(dialog.DumpDxf());
     QCOMPARE(dialog.OutputText(), opened + '\n' + expected);
     QVERIFY(child<QPushButton>(&dialog, "dumpButton")->isEnabled());
+}
+
+void DlgDxfToolsTest::dumpButtonStopsARunningDump()
+{
+    DlgDxfTools dialog;
+    QVERIFY(dialog.OpenFile(data("route.dxf")));
+    auto* dump = child<QPushButton>(&dialog, "dumpButton");
+    int linesWhenStopped = -1;
+    // Runs from the event processing of the dump's first line.
+    QTimer::singleShot(0, &dialog, [&]() {
+        QVERIFY(!child<QPushButton>(&dialog, "correctButton")->isEnabled());
+        linesWhenStopped = dialog.OutputText().count('\n');
+        dump->click();
+    });
+    dump->click();
+
+    QVERIFY(linesWhenStopped > 0);
+    const QStringList lines = dialog.OutputText().split('\n');
+    QCOMPARE(lines.size(), linesWhenStopped + 2);
+    QCOMPARE(lines.last(), QString("Dump stopped"));
+    QCOMPARE(dump->text(), QString("&Dump DXF"));
+    QVERIFY(child<QPushButton>(&dialog, "correctButton")->isEnabled());
 }
 
 void DlgDxfToolsTest::settingsBringBackFileFilterAndGeometry()

@@ -276,6 +276,14 @@
         <source>Polyline %1 (vertices: %2)</source>
         <translation>Polylinie %1 (Stützpunkte: %2)</translation>
     </message>
+    <message>
+        <source>&amp;Stop Dump</source>
+        <translation>Auflisten &amp;anhalten</translation>
+    </message>
+    <message>
+        <source>Dump stopped</source>
+        <translation>Auflisten angehalten</translation>
+    </message>
 </context>
 <context>
     <name>DlgNodeTools</name>
