@@ -105,8 +105,7 @@ int DxfCommand::gk2(QStringList arguments)
     QString error;
     if (!DxfDrawing::Read(files.at(0), drawing, &error))
         return failure(error);
-    for (DxfInsert& insert : drawing.inserts)
-        insert.use = blocks.isEmpty() || filter.match(insert.blockName).hasMatch();
+    drawing.UseInsertsOfBlocks(filter);
     if (correct) {
         for (const QString& line : DxfSheetExport::CorrectVertexPositions(drawing))
             err << line << '\n';

@@ -128,20 +128,15 @@ bool DlgDxfTools::OpenFile(const QString& file)
     drawing = std::move(read);
     // Drawings hold a block per sheet: a search along the list per insert
     // would make every refresh of the list quadratic.
-    blockIndex.clear();
-    for (int i = drawing.blocks.size() - 1; i >= 0; --i)
-        blockIndex.insert(drawing.blocks.at(i).name, i);
+    blockIndex = drawing.BlockIndex();
     fileName = file;
     ui->dxfFileEdit->setText(QDir::toNativeSeparators(file));
     if (settings)
         settings->setValue(Group + KeyLastUsedFile, file);
     // The filter on display is the one in effect; a new drawing gets it too.
     const QString pattern = ui->blockFilterEdit->text();
-    if (!pattern.isEmpty() && QRegularExpression(pattern).isValid()) {
-        const QRegularExpression filter(pattern);
-        for (DxfInsert& insert : drawing.inserts)
-            insert.use = filter.match(insert.blockName).hasMatch();
-    }
+    if (QRegularExpression(pattern).isValid())
+        drawing.UseInsertsOfBlocks(QRegularExpression(pattern));
     fillInsertTree();
     appendOutput(tr("Opened %1: %2 layers, %3 blocks, %4 inserts")
                      .arg(QDir::toNativeSeparators(file))
@@ -156,8 +151,7 @@ bool DlgDxfTools::ApplyBlockFilter(const QString& pattern)
     const QRegularExpression filter(pattern);
     if (!filter.isValid())
         return false;
-    for (DxfInsert& insert : drawing.inserts)
-        insert.use = pattern.isEmpty() || filter.match(insert.blockName).hasMatch();
+    drawing.UseInsertsOfBlocks(filter);
     showCheckStates();
     return true;
 }

@@ -3,6 +3,8 @@
 #include "dxf/DxfConvertCreationAdapter.h"
 #include "dxf/DxfGuardedRead.h"
 
+#include <QRegularExpression>
+
 const DxfBlock* DxfDrawing::Block(const QString& name) const
 {
     for (const DxfBlock& block : blocks) {
@@ -21,6 +23,22 @@ DxfBlock* DxfDrawing::Block(const QString& name)
             return &blocks[i];
     }
     return nullptr;
+}
+
+QHash<QString, int> DxfDrawing::BlockIndex() const
+{
+    QHash<QString, int> index;
+    index.reserve(blocks.size());
+    for (int i = blocks.size() - 1; i >= 0; --i)
+        index.insert(blocks.at(i).name, i);
+    return index;
+}
+
+void DxfDrawing::UseInsertsOfBlocks(const QRegularExpression& filter)
+{
+    const bool all = filter.pattern().isEmpty();
+    for (DxfInsert& insert : inserts)
+        insert.use = all || filter.match(insert.blockName).hasMatch();
 }
 
 bool DxfDrawing::Read(const QString& path, DxfDrawing& drawing, QString* error)

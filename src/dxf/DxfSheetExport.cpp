@@ -13,19 +13,6 @@
 
 namespace {
 
-// Block name -> position of the first block of that name, as
-// DxfDrawing::Block finds it. Drawings have a block per sheet, and a search
-// along the list for every insert made the correction and the export
-// quadratic in the number of sheets.
-QHash<QString, int> firstBlocks(const DxfDrawing& drawing)
-{
-    QHash<QString, int> index;
-    index.reserve(drawing.blocks.size());
-    for (int i = drawing.blocks.size() - 1; i >= 0; --i)
-        index.insert(drawing.blocks.at(i).name, i);
-    return index;
-}
-
 const DxfBlock* findBlock(const DxfDrawing& drawing, const QHash<QString, int>& index, const QString& name)
 {
     const int i = index.value(name, -1);
@@ -38,7 +25,7 @@ QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing)
 {
     QStringList log;
     std::vector<GK::CGKSheet> ensemble;
-    const QHash<QString, int> blocks = firstBlocks(drawing);
+    const QHash<QString, int> blocks = drawing.BlockIndex();
     for (int i = 0; i < drawing.inserts.size(); ++i) {
         const DxfInsert& insert = drawing.inserts.at(i);
         const DxfBlock* block = findBlock(drawing, blocks, insert.blockName);
@@ -92,7 +79,7 @@ bool DxfSheetExport::ExportGK2(const DxfDrawing& drawing, const QString& file, i
     if (written)
         *written = 0;
     QByteArray text("GK2\r\n");
-    const QHash<QString, int> blocks = firstBlocks(drawing);
+    const QHash<QString, int> blocks = drawing.BlockIndex();
     for (const DxfInsert& insert : drawing.inserts) {
         const DxfBlock* block = findBlock(drawing, blocks, insert.blockName);
         if (!block || !insert.HasSheetNumber() || block->polylines.isEmpty() || !insert.use)
