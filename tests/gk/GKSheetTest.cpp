@@ -34,8 +34,6 @@ private Q_SLOTS:
     void rotateTurnsCounterClockwise();
     void vectorSteepnessAndSlope_data();
     void vectorSteepnessAndSlope();
-    void positionText_data();
-    void positionText();
 };
 
 void GKSheetTest::sidesInEveryCornerOrder_data()
@@ -171,35 +169,9 @@ void GKSheetTest::vectorSteepnessAndSlope()
     QFETCH(QPointF, delta);
     QFETCH(bool, steep);
     QFETCH(double, slope);
-    const CGKVertex a(3500000, 5800000, vpTopLeft);
-    const CGKVector v(a, CGKVertex(a.x + delta.x(), a.y + delta.y(), vpTopRight));
+    const CGKVector v(CGKVertex(3500000, 5800000), CGKVertex(3500000 + delta.x(), 5800000 + delta.y()));
     QCOMPARE(v.steep, steep);
     QCOMPARE(v.slope, slope);
-    QCOMPARE(v.start.position, vpTopLeft);
-    QCOMPARE(v.end.position, vpTopRight);
-    QCOMPARE(v.mid.position, vpUnknown);
-    QCOMPARE(v.bound1, -1);
-    QCOMPARE(v.Magnitude(), v.length);
-}
-
-void GKSheetTest::positionText_data()
-{
-    QTest::addColumn<int>("value");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("0") << 0 << "Unknown";
-    QTest::newRow("1") << 1 << "vpTopLeft";
-    QTest::newRow("2") << 2 << "vpTopRight";
-    QTest::newRow("3") << 3 << "vpBottomLeft";
-    QTest::newRow("4") << 4 << "vpBottomRight";
-    QTest::newRow("5") << 5 << "Unknown";
-    QTest::newRow("-1") << -1 << "Unknown";
-}
-
-void GKSheetTest::positionText()
-{
-    QFETCH(int, value);
-    QFETCH(QString, text);
-    QCOMPARE(VtxPositionText(static_cast<VtxPosition>(value)), text);
 }
 
 QTEST_GUILESS_MAIN(GKSheetTest)

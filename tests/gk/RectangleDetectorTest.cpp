@@ -148,14 +148,6 @@ void RectangleDetectorTest::matchesExhaustiveSearch_data()
     QTest::addColumn<Family>("family");
     QTest::addColumn<bool>("findsSome");
 
-    QTest::newRow("random") << Family([](QRandomGenerator& r) {
-        QList<YPoint> points;
-        const int n = 4 + r.bounded(22);
-        for (int i = 0; i < n; ++i)
-            points.append({ r.generateDouble() * 100, r.generateDouble() * 100 });
-        return points;
-    }) << false;
-
     // Lattice points with repeats: many rectangles, tilted ones, kites and
     // coincident points at once.
     QTest::newRow("small lattice") << Family([](QRandomGenerator& r) {

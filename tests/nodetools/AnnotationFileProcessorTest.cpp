@@ -74,16 +74,13 @@ void AnnotationFileProcessorTest::findsAnnotationFileOfDocument_data()
     QTest::addColumn<QStringList>("present");
     QTest::addColumn<QString>("document");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("base name up to the first dot") << QStringList { "plan.ann", "plan.revpdf.ann" } << "plan.rev.pdf"
-                                                   << "plan.ann";
-    QTest::newRow("fallback drops only the last dot") << QStringList { "plan.revpdf.ann" } << "plan.rev.pdf"
-                                                      << "plan.revpdf.ann";
-    QTest::newRow("folders of the document ignored") << QStringList { "Lageplan.ann" } << "/srv/P.2024/Lageplan.pdf"
-                                                     << "Lageplan.ann";
-    QTest::newRow("fallback with a folder") << QStringList { "S.A-Apdf.ann" } << "Dok/S.A-A.pdf"
-                                            << "S.A-Apdf.ann";
-    QTest::newRow("neither exists: the fallback") << QStringList {} << "x.y.pdf"
-                                                  << "x.ypdf.ann";
+    const auto row = [](const char* name, const QStringList& present, const QString& document,
+                         const QString& expected) { QTest::newRow(name) << present << document << expected; };
+    row("base name up to the first dot", { "plan.ann", "plan.revpdf.ann" }, "plan.rev.pdf", "plan.ann");
+    row("fallback drops only the last dot", { "plan.revpdf.ann" }, "plan.rev.pdf", "plan.revpdf.ann");
+    row("folders of the document ignored", { "Lageplan.ann" }, "/srv/P.2024/Lageplan.pdf", "Lageplan.ann");
+    row("fallback with a folder", { "S.A-Apdf.ann" }, "Dok/S.A-A.pdf", "S.A-Apdf.ann");
+    row("neither exists: the fallback", {}, "x.y.pdf", "x.ypdf.ann");
 }
 
 void AnnotationFileProcessorTest::findsAnnotationFileOfDocument()
@@ -138,9 +135,7 @@ void AnnotationFileProcessorTest::invalidUtf8IsNeverRewritten_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     const QByteArray link = "\r\nHREF=x\r\nEO";
-    QTest::newRow("Latin-1 umlaut") << "BO\r\nNA=Stra\xDF"
-                                       "e"
-            + link;
+    QTest::newRow("Latin-1 umlaut") << "BO\r\nNA=Stra\xDF" + link;
     QTest::newRow("sequence cut off at the end") << "BO" + link + "\r\nX=\xC3";
     QTest::newRow("encoded surrogate") << "BO\r\nNA=\xED\xA0\x80" + link;
     QTest::newRow("overlong slash") << "BO\r\nNA=\xC0\xAF" + link;
@@ -161,16 +156,10 @@ void AnnotationFileProcessorTest::invalidUtf8IsNeverRewritten()
 void AnnotationFileProcessorTest::byteOrderMarkAndNulBytesSurvive()
 {
     TestProject project;
-    project.Write("a.ann",
-        QByteArray("\xEF\xBB\xBF"
-                   "BO\nTX=a\0b\n",
-            13)
-            + "HREF=x\nEO\n");
+    const QByteArray bom = "\xEF\xBB\xBF";
+    project.Write("a.ann", bom + QByteArray("BO\nTX=a\0b\nHREF=x\nEO\n", 20));
     removeLinks(project, { "a.pdf" });
-    QCOMPARE(project.Read("a.ann"),
-        QByteArray("\xEF\xBB\xBF"
-                   "BO\r\nTX=a\0b\r\nEO",
-            17));
+    QCOMPARE(project.Read("a.ann"), bom + QByteArray("BO\r\nTX=a\0b\r\nEO", 14));
 }
 
 void AnnotationFileProcessorTest::replacementKeepsSymbolicLinkAndPermissions()

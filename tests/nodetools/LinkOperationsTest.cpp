@@ -110,20 +110,16 @@ void LinkOperationsTest::filtersSelectBlocks_data()
     QTest::addColumn<QStringList>("lines");
     QTest::addColumn<bool>("byCategory"); // the two type changes have no name filter
     QTest::addColumn<bool>("byBoth");
-    QTest::newRow("no filters") << ""
-                                << "" << QStringList {} << true << true;
-    QTest::newRow("both match") << "Kanal"
-                                << "^S\\d" << QStringList { "NA=S12", "KA=Kanal" } << true << true;
-    QTest::newRow("other category") << "Kanal"
-                                    << "" << QStringList { "NA=S12", "KA=Baum" } << false << false;
-    QTest::newRow("other name") << "Kanal"
-                                << "^S\\d" << QStringList { "NA=Sx", "KA=Kanal" } << true << false;
-    QTest::newRow("no name line") << ""
-                                  << "." << QStringList { "KA=Kanal" } << true << false;
-    QTest::newRow("first name line counts") << ""
-                                            << "^S" << QStringList { "NA=T", "NA=S" } << true << false;
-    QTest::newRow("invalid expression") << ""
-                                        << "(" << QStringList { "NA=(" } << true << false;
+    const auto row = [](const char* rowName, const QString& category, const QString& name, const QStringList& lines,
+                         bool byCategory,
+                         bool byBoth) { QTest::newRow(rowName) << category << name << lines << byCategory << byBoth; };
+    row("no filters", "", "", {}, true, true);
+    row("both match", "Kanal", "^S\\d", { "NA=S12", "KA=Kanal" }, true, true);
+    row("other category", "Kanal", "", { "NA=S12", "KA=Baum" }, false, false);
+    row("other name", "Kanal", "^S\\d", { "NA=Sx", "KA=Kanal" }, true, false);
+    row("no name line", "", ".", { "KA=Kanal" }, true, false);
+    row("first name line counts", "", "^S", { "NA=T", "NA=S" }, true, false);
+    row("invalid expression", "", "(", { "NA=(" }, true, false);
 }
 
 void LinkOperationsTest::filtersSelectBlocks()

@@ -9,12 +9,6 @@
 
 namespace {
 
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
-
 NodeToolBackup backupOf(const TestProject& project, const QString& logText)
 {
     NodeToolBackup backup;
@@ -55,9 +49,10 @@ void NodeToolBackupTest::copiesAnnotationFilesIntoTimeStampedFolderWithLog()
     QVERIFY(stamp.isValid() && qAbs(stamp.secsTo(before)) <= 2);
     QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name),
         (QStringList { "nodeToolOperation.log", "Übersicht.ann" }));
-    QCOMPARE(readFile(folder + "/Übersicht.ann"), QByteArray("B"));
-    QCOMPARE(
-        readFile(folder + "/nodeToolOperation.log"), QByteArray("Node Tool Operation: 1\nSource: x\nUser: mmeier\n"));
+    const QString inData = QDir(project.DataDir()).relativeFilePath(folder);
+    QCOMPARE(project.Read(inData + "/Übersicht.ann"), QByteArray("B"));
+    QCOMPARE(project.Read(inData + "/nodeToolOperation.log"),
+        QByteArray("Node Tool Operation: 1\nSource: x\nUser: mmeier\n"));
 }
 
 void NodeToolBackupTest::failsWithoutUsableProject_data()
@@ -97,8 +92,9 @@ void NodeToolBackupTest::secondBackupInSameSecondSharesFolderAndOverwritesLogSta
         if (first.GetBackupFolder() != second.GetBackupFolder())
             continue; // crossed into the next second after all
 
-        QCOMPARE(readFile(first.GetBackupFolder() + "/a.ann"), QByteArray("vorher"));
-        QCOMPARE(readFile(first.GetBackupFolder() + "/nodeToolOperation.log"), QByteArray("second\nun, a long line\n"));
+        const QString inData = QDir(project.DataDir()).relativeFilePath(first.GetBackupFolder());
+        QCOMPARE(project.Read(inData + "/a.ann"), QByteArray("vorher"));
+        QCOMPARE(project.Read(inData + "/nodeToolOperation.log"), QByteArray("second\nun, a long line\n"));
         return;
     }
     QFAIL("could not get two backups into one second");

@@ -37,7 +37,6 @@ private Q_SLOTS:
     void splitsIntoBlocksAndJoinsWithCrLf_data();
     void splitsIntoBlocksAndJoinsWithCrLf();
     void resultLinesTakeThePlaceOfTheBlock();
-    void processorMayKeepLinesOfEarlierBlocks();
 };
 
 void ProcessTextTest::splitsIntoBlocksAndJoinsWithCrLf_data()
@@ -47,33 +46,26 @@ void ProcessTextTest::splitsIntoBlocksAndJoinsWithCrLf_data()
     QTest::addColumn<bool>("changed");
     QTest::addColumn<Blocks>("blocks");
 
+    const auto row = [](const char* name, const QString& input, const QString& expected, bool changed,
+                         const Blocks& blocks) { QTest::newRow(name) << input << expected << changed << blocks; };
     const QStringList a { "BO", "A=1", "EO" };
-    const QStringList b { "BO", "B=2", "EO" };
-    QTest::newRow("host form stays untouched") << "H\r\nBO\r\nA=1\r\nEO"
-                                               << "H\r\nBO\r\nA=1\r\nEO" << false << Blocks { a };
-    QTest::newRow("LF line ends") << "H\nBO\nA=1\nEO"
-                                  << "H\r\nBO\r\nA=1\r\nEO" << true << Blocks { a };
-    QTest::newRow("text without blocks") << "A\nB"
-                                         << "A\r\nB" << true << Blocks {};
-    QTest::newRow("lone CR ends a line") << "A\rB"
-                                         << "A\r\nB" << true << Blocks {};
-    QTest::newRow("final line end dropped") << "BO\r\nA=1\r\nEO\r\n"
-                                            << "BO\r\nA=1\r\nEO" << true << Blocks { a };
-    QTest::newRow("empty lines vanish") << "BO\r\n\r\nA=1\n\nEO"
-                                        << "BO\r\nA=1\r\nEO" << true << Blocks { a };
-    QTest::newRow("two blocks, lines between them copied")
-        << "BO\r\nA=1\r\nEO\r\nX=9\r\nBO\r\nB=2\r\nEO"
-        << "BO\r\nA=1\r\nEO\r\nX=9\r\nBO\r\nB=2\r\nEO" << false << Blocks { a, b };
-    QTest::newRow("unclosed block loses the tail") << "H\r\nBO\r\nA=1\r\nB=2"
-                                                   << "H" << true << Blocks {};
-    QTest::newRow("unclosed block after a closed one") << "BO\r\nA=1\r\nEO\r\nX\r\nBO\r\nB=2"
-                                                       << "BO\r\nA=1\r\nEO\r\nX" << true << Blocks { a };
-    QTest::newRow("markers stand alone, in capitals") << " BO\r\nbo\r\nBO \r\nEO"
-                                                      << " BO\r\nbo\r\nBO \r\nEO" << false << Blocks {};
-    QTest::newRow("EO outside, BO inside a block are ordinary")
-        << "EO\r\nBO\r\nBO\r\nA=1\r\nEO"
-        << "EO\r\nBO\r\nBO\r\nA=1\r\nEO" << false << Blocks { { "BO", "BO", "A=1", "EO" } };
-    QTest::newRow("only line ends") << "\r\n\n" << QString() << true << Blocks {};
+    row("host form stays untouched", "H\r\nBO\r\nA=1\r\nEO", "H\r\nBO\r\nA=1\r\nEO", false, { a });
+    row("LF line ends", "H\nBO\nA=1\nEO", "H\r\nBO\r\nA=1\r\nEO", true, { a });
+    row("text without blocks", "A\nB", "A\r\nB", true, {});
+    row("lone CR ends a line", "A\rB", "A\r\nB", true, {});
+    row("final line end dropped", "BO\r\nA=1\r\nEO\r\n", "BO\r\nA=1\r\nEO", true, { a });
+    row("empty lines vanish", "BO\r\n\r\nA=1\n\nEO", "BO\r\nA=1\r\nEO", true, { a });
+    // Blocks of different lengths: what a processor kept of an earlier
+    // block must not change when the next one is read.
+    row("two blocks, lines between them copied", "BO\r\nNA=erstes Objekt\r\nEO\r\nX=9\r\nBO\r\nB=2\r\nEO",
+        "BO\r\nNA=erstes Objekt\r\nEO\r\nX=9\r\nBO\r\nB=2\r\nEO", false,
+        { { "BO", "NA=erstes Objekt", "EO" }, { "BO", "B=2", "EO" } });
+    row("unclosed block loses the tail", "H\r\nBO\r\nA=1\r\nB=2", "H", true, {});
+    row("unclosed block after a closed one", "BO\r\nA=1\r\nEO\r\nX\r\nBO\r\nB=2", "BO\r\nA=1\r\nEO\r\nX", true, { a });
+    row("markers stand alone, in capitals", " BO\r\nbo\r\nBO \r\nEO", " BO\r\nbo\r\nBO \r\nEO", false, {});
+    row("EO outside, BO inside a block are ordinary", "EO\r\nBO\r\nBO\r\nA=1\r\nEO", "EO\r\nBO\r\nBO\r\nA=1\r\nEO",
+        false, { { "BO", "BO", "A=1", "EO" } });
+    row("only line ends", "\r\n\n", QString(), true, {});
 }
 
 void ProcessTextTest::splitsIntoBlocksAndJoinsWithCrLf()
@@ -102,17 +94,6 @@ void ProcessTextTest::resultLinesTakeThePlaceOfTheBlock()
     QString text = "H\r\nBO\r\nNA=weg\r\nEO\r\nBO\r\nA=1\r\nEO\r\nT";
     QVERIFY(AnnotationFileProcessor::ProcessText(text, processor));
     QCOMPARE(text, "H\r\nBO\r\nA=2\r\nEO\r\nT");
-}
-
-// Processors may remember lines across blocks (to compare objects, say);
-// what they keep must not change when the next block is read.
-void ProcessTextTest::processorMayKeepLinesOfEarlierBlocks()
-{
-    RecordingProcessor processor;
-    QString text = "BO\r\nNA=erstes Objekt\r\nEO\r\nBO\r\nNA=zweites\r\nEO\r\nBO\r\nX\r\nEO";
-    AnnotationFileProcessor::ProcessText(text, processor);
-    QCOMPARE(processor.blocks,
-        (Blocks { { "BO", "NA=erstes Objekt", "EO" }, { "BO", "NA=zweites", "EO" }, { "BO", "X", "EO" } }));
 }
 
 QTEST_GUILESS_MAIN(ProcessTextTest)

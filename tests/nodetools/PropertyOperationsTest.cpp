@@ -68,33 +68,22 @@ void PropertyOperationsTest::nameAndTextOfSelectedObjects_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("properties");
     QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char* rowName, const QString& filter, const QString& name, const QString& text,
+                         const QStringList& properties, const QStringList& expected) {
+        QTest::newRow(rowName) << filter << name << text << properties << expected;
+    };
     const QString off;
-    QTest::newRow("first name line replaced") << ""
-                                              << "Neu" << off << QStringList { "KA=Kanal", "NA=Alt", "NA=Zwei" }
-                                              << QStringList { "KA=Kanal", "NA=Neu", "NA=Zwei" };
-    QTest::newRow("both added before EO")
-        << ""
-        << "Neu"
-        << "Text" << QStringList { "KA=Kanal" } << QStringList { "KA=Kanal", "NA=Neu", "TX=Text" };
-    QTest::newRow("only the text") << "" << off << "Text" << QStringList { "KA=Kanal", "NA=Alt", "TX=alt", "TX=zwei" }
-                                   << QStringList { "KA=Kanal", "NA=Alt", "TX=Text", "TX=zwei" };
-    QTest::newRow("other category") << ""
-                                    << "Neu"
-                                    << "Text" << QStringList { "KA=Baum", "NA=Alt" }
-                                    << QStringList { "KA=Baum", "NA=Alt" };
-    QTest::newRow("filter sees the old name")
-        << "^Alt$"
-        << "Neu" << off << QStringList { "KA=Kanal", "NA=Alt" } << QStringList { "KA=Kanal", "NA=Neu" };
-    QTest::newRow("filter does not match")
-        << "^Alt$"
-        << "Neu" << off << QStringList { "KA=Kanal", "NA=Alter" } << QStringList { "KA=Kanal", "NA=Alter" };
-    QTest::newRow("filter, no name line") << "A"
-                                          << "Neu" << off << QStringList { "KA=Kanal" } << QStringList { "KA=Kanal" };
-    QTest::newRow("invalid filter") << "("
-                                    << "Neu" << off << QStringList { "KA=Kanal", "NA=Alt" }
-                                    << QStringList { "KA=Kanal", "NA=Alt" };
-    QTest::newRow("line breaks cannot close the object")
-        << "" << off << "a\r\nEO\nb" << QStringList { "KA=Kanal" } << QStringList { "KA=Kanal", "TX=a  EO b" };
+    row("first name line replaced", "", "Neu", off, { "KA=Kanal", "NA=Alt", "NA=Zwei" },
+        { "KA=Kanal", "NA=Neu", "NA=Zwei" });
+    row("both added before EO", "", "Neu", "Text", { "KA=Kanal" }, { "KA=Kanal", "NA=Neu", "TX=Text" });
+    row("only the text", "", off, "Text", { "KA=Kanal", "NA=Alt", "TX=alt", "TX=zwei" },
+        { "KA=Kanal", "NA=Alt", "TX=Text", "TX=zwei" });
+    row("other category", "", "Neu", "Text", { "KA=Baum", "NA=Alt" }, { "KA=Baum", "NA=Alt" });
+    row("filter sees the old name", "^Alt$", "Neu", off, { "KA=Kanal", "NA=Alt" }, { "KA=Kanal", "NA=Neu" });
+    row("filter does not match", "^Alt$", "Neu", off, { "KA=Kanal", "NA=Alter" }, { "KA=Kanal", "NA=Alter" });
+    row("filter, no name line", "A", "Neu", off, { "KA=Kanal" }, { "KA=Kanal" });
+    row("invalid filter", "(", "Neu", off, { "KA=Kanal", "NA=Alt" }, { "KA=Kanal", "NA=Alt" });
+    row("line breaks cannot close the object", "", off, "a\r\nEO\nb", { "KA=Kanal" }, { "KA=Kanal", "TX=a  EO b" });
 }
 
 void PropertyOperationsTest::nameAndTextOfSelectedObjects()
@@ -122,76 +111,24 @@ void PropertyOperationsTest::measuresFromTemplateRectangle_data()
     QTest::addColumn<QString>("type");
     QTest::addColumn<QString>("geometry");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("left") << "FL"
-                          << "Vorlage"
-                          << "RECT"
-                          << "1;2;3;4"
-                          << "10;2;3;4";
-    QTest::newRow("width") << "FW"
-                           << "Vorlage"
-                           << "RECT"
-                           << "1;2;3;4"
-                           << "1;2;30;4";
-    QTest::newRow("height downwards") << "FH"
-                                      << "Vorlage"
-                                      << "RECT"
-                                      << "1;2;3;4"
-                                      << "1;2;3;40";
-    QTest::newRow("height topwards keeps the bottom") << "FHT"
-                                                      << "Vorlage"
-                                                      << "RECT"
-                                                      << "1;50;3;4"
-                                                      << "1;14;3;40";
-    QTest::newRow("topwards in exact decimals") << "FHT"
-                                                << "Vorlage"
-                                                << "RECT"
-                                                << "1;50.1;3;4.2"
-                                                << "1;14.3;3;40";
-    QTest::newRow("same height as other text") << "FHT"
-                                               << "Vorlage"
-                                               << "RECT"
-                                               << "1;2.50;3;40.0"
-                                               << "1;2.50;3;40";
-    QTest::newRow("all") << "FLWHT"
-                         << "Vorlage"
-                         << "RECT"
-                         << "0.5;100;3;4"
-                         << "10;64;30;40";
-    QTest::newRow("no source") << "LWHT"
-                               << "Vorlage"
-                               << "RECT"
-                               << "1;2;3;4"
-                               << "1;2;3;4";
-    QTest::newRow("no template") << "FLWHT"
-                                 << "Fehlt"
-                                 << "RECT"
-                                 << "1;2;3;4"
-                                 << "1;2;3;4";
-    QTest::newRow("name matched exactly") << "FLWHT"
-                                          << "vorlage"
-                                          << "RECT"
-                                          << "1;2;3;4"
-                                          << "1;2;3;4";
-    QTest::newRow("not a rectangle") << "FLWHT"
-                                     << "Vorlage"
-                                     << "POLY"
-                                     << "1;2;3;4"
-                                     << "1;2;3;4";
-    QTest::newRow("three numbers") << "FLWHT"
-                                   << "Vorlage"
-                                   << "RECT"
-                                   << "1;2;3"
-                                   << "1;2;3";
-    QTest::newRow("exponent") << "FLWHT"
-                              << "Vorlage"
-                              << "RECT"
-                              << "1e1;2;3;4"
-                              << "1e1;2;3;4";
-    QTest::newRow("decimal comma") << "FLWHT"
-                                   << "Vorlage"
-                                   << "RECT"
-                                   << "1,5;2;3;4"
-                                   << "1,5;2;3;4";
+    const auto row = [](const char* name, const QString& switches, const QString& geometry, const QString& expected,
+                         const QString& templateName = "Vorlage", const QString& type = "RECT") {
+        QTest::newRow(name) << switches << templateName << type << geometry << expected;
+    };
+    row("left", "FL", "1;2;3;4", "10;2;3;4");
+    row("width", "FW", "1;2;3;4", "1;2;30;4");
+    row("height downwards", "FH", "1;2;3;4", "1;2;3;40");
+    row("height topwards keeps the bottom", "FHT", "1;50;3;4", "1;14;3;40");
+    row("topwards in exact decimals", "FHT", "1;50.1;3;4.2", "1;14.3;3;40");
+    row("same height as other text", "FHT", "1;2.50;3;40.0", "1;2.50;3;40");
+    row("all", "FLWHT", "0.5;100;3;4", "10;64;30;40");
+    row("no source", "LWHT", "1;2;3;4", "1;2;3;4");
+    row("no template", "FLWHT", "1;2;3;4", "1;2;3;4", "Fehlt");
+    row("name matched exactly", "FLWHT", "1;2;3;4", "1;2;3;4", "vorlage");
+    row("not a rectangle", "FLWHT", "1;2;3;4", "1;2;3;4", "Vorlage", "POLY");
+    row("three numbers", "FLWHT", "1;2;3", "1;2;3");
+    row("exponent", "FLWHT", "1e1;2;3;4", "1e1;2;3;4");
+    row("decimal comma", "FLWHT", "1,5;2;3;4", "1,5;2;3;4");
 }
 
 // The whole file goes through, so the template block (selected too) is
@@ -254,20 +191,21 @@ void PropertyOperationsTest::captionsFollowNodeNames_data()
     QTest::addColumn<bool>("ignorePath");
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("node link") << false << link("2", "7", "alt") << link("2", "7", "Haus 7");
-    QTest::newRow("node link, unknown id") << false << link("2", "12", "alt") << link("2", "12", "alt");
-    QTest::newRow("node link, not decimal") << false << link("2", "+7", "alt") << link("2", "+7", "alt");
-    QTest::newRow("node link, null node") << false << link("2", "11", "alt") << link("2", "11", "alt");
-    QTest::newRow("unnamed node keeps the caption") << false << link("2", "9", "alt") << link("2", "9", "alt");
-    QTest::newRow("whole path, case and slashes ignored")
-        << false << link("0", "c:/projekt/pdf/PLAN.PDF", "alt") << link("0", "c:/projekt/pdf/PLAN.PDF", "Schacht 3");
-    QTest::newRow("whole path, other folder")
-        << false << link("0", "E:\\Plan.pdf", "alt") << link("0", "E:\\Plan.pdf", "alt");
-    QTest::newRow("file name only, lowest id wins")
-        << true << link("0", "E:\\Plan.pdf", "alt") << link("0", "E:\\Plan.pdf", "Schacht 3");
-    QTest::newRow("file name only, another zone's list")
-        << true << link("", "foto.JPG", "alt") << link("", "foto.JPG", "Haus 7");
-    QTest::newRow("web link") << true << link("1", "Foto.jpg", "alt") << link("1", "Foto.jpg", "alt");
+    // A link of `type` to `path` captioned "alt" that should read `caption`.
+    const auto row
+        = [](const char* name, bool ignorePath, const QString& type, const QString& path, const QString& caption) {
+              QTest::newRow(name) << ignorePath << link(type, path, "alt") << link(type, path, caption);
+          };
+    row("node link", false, "2", "7", "Haus 7");
+    row("node link, unknown id", false, "2", "12", "alt");
+    row("node link, not decimal", false, "2", "+7", "alt");
+    row("node link, null node", false, "2", "11", "alt");
+    row("unnamed node keeps the caption", false, "2", "9", "alt");
+    row("whole path, case and slashes ignored", false, "0", "c:/projekt/pdf/PLAN.PDF", "Schacht 3");
+    row("whole path, other folder", false, "0", "E:\\Plan.pdf", "alt");
+    row("file name only, lowest id wins", true, "0", "E:\\Plan.pdf", "Schacht 3");
+    row("file name only, another zone's list", true, "", "foto.JPG", "Haus 7");
+    row("web link", true, "1", "Foto.jpg", "alt");
     const auto twoTargets = [](const QString& caption) {
         return S + "0" + F + "x.pdf" + F + "1" + F + "a" + T + "0" + F + "y.pdf" + Z + "Foto.jpg" + F + "1" + Z + "2"
             + F + caption;

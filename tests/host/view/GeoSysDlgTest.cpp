@@ -58,18 +58,14 @@ void GeoSysDlgTest::search_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
     QTest::addColumn<int>("maxRows");
-    QTest::newRow("code") << "31467"
-                          << "EPSG:31467" << 1;
-    QTest::newRow("leading digits") << "3146"
-                                    << "EPSG:31467" << 11;
-    QTest::newRow("with authority") << "epsg: 25832"
-                                    << "EPSG:25832" << 1;
-    QTest::newRow("words") << "gauss zone 3"
-                           << "EPSG:31467" << 1000;
-    QTest::newRow("words, any order and case") << "3 GAUSS"
-                                               << "EPSG:31467" << 1000;
-    QTest::newRow("every word must match") << "xyzzy grid"
-                                           << "" << 0;
+    const auto row = [](const char* name, const QString& text, const QString& expected, int maxRows) {
+        QTest::newRow(name) << text << expected << maxRows;
+    };
+    row("code", "31467", "EPSG:31467", 1);
+    row("leading digits", "3146", "EPSG:31467", 11);
+    row("with authority", "epsg: 25832", "EPSG:25832", 1);
+    row("words, any order and case", "3 GAUSS", "EPSG:31467", 1000);
+    row("every word must match", "xyzzy grid", "", 0);
 }
 
 // The first hit is selected, so that Return after typing takes it.
@@ -91,14 +87,14 @@ void GeoSysDlgTest::setGeoSystemPreselects_data()
 {
     QTest::addColumn<QString>("definition");
     QTest::addColumn<QString>("selected");
-    QTest::newRow("code") << "EPSG:31467"
-                          << "EPSG:31467";
-    QTest::newRow("lower case") << " epsg:25832 "
-                                << "EPSG:25832";
-    QTest::newRow("wkt of a registry system") << utm32Wkt << "EPSG:25832";
-    QTest::newRow("not in the registry") << siteGridProj << "";
-    QTest::newRow("null") << ""
-                          << "";
+    const auto row = [](const char* name, const QString& definition, const QString& selected) {
+        QTest::newRow(name) << definition << selected;
+    };
+    row("code", "EPSG:31467", "EPSG:31467");
+    row("lower case", " epsg:25832 ", "EPSG:25832");
+    row("wkt of a registry system", utm32Wkt, "EPSG:25832");
+    row("not in the registry", siteGridProj, "");
+    row("null", "", "");
 }
 
 // Without a row the caller's system stays the result, and the label
@@ -123,12 +119,11 @@ void GeoSysDlgTest::chooseGeoSystem_data()
     QTest::addColumn<QString>("search");
     QTest::addColumn<bool>("accepted");
     QTest::addColumn<QString>("result");
-    QTest::newRow("return takes the first hit") << "return"
-                                                << "25832" << true << "EPSG:25832";
-    QTest::newRow("double click on a row") << "double click"
-                                           << "gauss 3" << true << "EPSG:31467";
-    QTest::newRow("cancel") << "cancel"
-                            << "25832" << false << "EPSG:4326";
+    const auto row = [](const char* name, const QString& how, const QString& search, bool accepted,
+                         const QString& result) { QTest::newRow(name) << how << search << accepted << result; };
+    row("return takes the first hit", "return", "25832", true, "EPSG:25832");
+    row("double click on a row", "double click", "gauss 3", true, "EPSG:31467");
+    row("cancel", "cancel", "25832", false, "EPSG:4326");
 }
 
 // With KAMO_SCREENSHOT_DIR set, the dialog is saved there as a picture just

