@@ -100,7 +100,6 @@ void ShapePreviewTest::shapeFile_data()
     QTest::addColumn<QString>("message");
 
     QTest::newRow("polygons") << "sheets.shp" << true << 6 << "";
-    QTest::newRow("turned") << "sheets_turned.shp" << true << 3 << "";
     QTest::newRow("lines") << "routes.shp" << true << 3 << "";
     QTest::newRow("rings and holes") << "districts.shp" << true << 4 << "";
     QTest::newRow("points") << "points_z.shp" << true << 3 << "";

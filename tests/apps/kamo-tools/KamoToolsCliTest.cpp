@@ -70,10 +70,8 @@ private Q_SLOTS:
     void dryRunWritesNothingAndCountsLikeTheRun();
     void restoreGivesTheOriginalBytesBack();
     void analysisFindsAndMovesUnusedFiles();
-    void shapeFilesAreSummedUpAndImported_data();
-    void shapeFilesAreSummedUpAndImported();
-    void dxfFilesAreDumped_data();
-    void dxfFilesAreDumped();
+    void shapeAndDxfCommands_data();
+    void shapeAndDxfCommands();
     void gk2ExportWritesTheExpectedBytes();
 };
 
@@ -308,9 +306,9 @@ void KamoToolsCliTest::analysisFindsAndMovesUnusedFiles()
     QVERIFY(runTool({ "analyze", "--project", root }).out.contains("Unused annotation files: 0\n"));
 }
 
-void KamoToolsCliTest::shapeFilesAreSummedUpAndImported_data()
+void KamoToolsCliTest::shapeAndDxfCommands_data()
 {
-    QTest::addColumn<QString>("arguments"); // '@' stands for the fixture folder
+    QTest::addColumn<QString>("arguments"); // '@' stands for the shape or DXF fixture folder
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("output"); // found in stdout, or in stderr when the command fails
     QTest::newRow("info") << "shape info @/buildings.shp" << 0 << "Entities: 4\n";
@@ -334,22 +332,6 @@ void KamoToolsCliTest::shapeFilesAreSummedUpAndImported_data()
     QTest::newRow("damaged index") << "shape import sheets @/corrupt/badshx.shp" << 1 << "Error opening shape file";
     QTest::newRow("one geo system only") << "shape import sheets @/sheets.shp --from EPSG:31467" << 2
                                          << "--from and --to go together";
-}
-
-void KamoToolsCliTest::shapeFilesAreSummedUpAndImported()
-{
-    QFETCH(QString, arguments);
-    QFETCH(int, exitCode);
-    QFETCH(QString, output);
-    const Result result = runTool(arguments.replace('@', KAMO_SHAPE_DATA).split(' '));
-    QCOMPARE(result.exitCode, exitCode);
-    QVERIFY2((exitCode == 0 ? result.out : result.err).contains(output), qPrintable(result.out + result.err));
-}
-void KamoToolsCliTest::dxfFilesAreDumped_data()
-{
-    QTest::addColumn<QString>("arguments"); // '@' stands for the fixture folder
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("output"); // found in stdout, or in stderr when the command fails
     QTest::newRow("dump") << "dxf dump @/drawing.dxf" << 0
                           << "\nPOINT    ( 1.000,  2.000,  3.000)\n\n"
                              "  Attributes: Layer: 0,  Color: BYLAYER Width: BYLAYER Type: BYLAYER\n\n";
@@ -366,12 +348,13 @@ void KamoToolsCliTest::dxfFilesAreDumped_data()
     QTest::newRow("gk2 bad expression") << "dxf gk2 @/sheets.dxf x.gk2 --blocks (" << 2 << "--blocks: ";
 }
 
-void KamoToolsCliTest::dxfFilesAreDumped()
+void KamoToolsCliTest::shapeAndDxfCommands()
 {
     QFETCH(QString, arguments);
     QFETCH(int, exitCode);
     QFETCH(QString, output);
-    const Result result = runTool(arguments.replace('@', KAMO_DXF_DATA).split(' '));
+    const Result result
+        = runTool(arguments.replace('@', arguments.startsWith("shape") ? KAMO_SHAPE_DATA : KAMO_DXF_DATA).split(' '));
     QCOMPARE(result.exitCode, exitCode);
     QVERIFY2((exitCode == 0 ? result.out : result.err).contains(output), qPrintable(result.out + result.err));
 }
