@@ -15,7 +15,7 @@ private Q_SLOTS:
     void parse_data();
     void parse();
     void writtenFileReadsBack();
-    void unwritableFileLeavesTheOldOne();
+    void unwritablePathIsReported();
     void lowestIdOfAColumn();
 };
 
@@ -72,7 +72,7 @@ void FieldAssignmentTest::writtenFileReadsBack()
     QCOMPARE(FieldAssignmentFile::Read(path, read), FieldAssignmentFile::NoAssignments);
 }
 
-void FieldAssignmentTest::unwritableFileLeavesTheOldOne()
+void FieldAssignmentTest::unwritablePathIsReported()
 {
     QTemporaryDir dir;
     QString error;
