@@ -4,7 +4,10 @@
 # apt-get update, no network). Works as root or through sudo.
 set -eu
 
-packages="build-essential cmake clang-format
+# clang with its sanitizer and libFuzzer runtimes and llvm's symbolizer:
+# the test command's second build. pkg-config finds shapelib and dxflib.
+packages="build-essential cmake pkg-config clang-format
+clang libclang-rt-14-dev llvm
 qtbase5-dev qttools5-dev-tools qttranslations5-l10n
 libshp-dev libdxflib-dev libproj-dev proj-data proj-bin
 gdal-bin python3-ezdxf librecad-data
