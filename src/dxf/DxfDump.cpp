@@ -62,11 +62,15 @@ int groupCode(QLatin1String text, bool* isNumber)
 {
     // Plain digits are nearly every code line; anything else takes the
     // general parser, so signs and overflow are judged as they always were.
+    // Nine digits cannot overflow an int.
     if (text.size() > 0 && text.size() <= 9) {
         int code = 0;
         bool digits = true;
         for (const char c : text) {
-            digits = digits && c >= '0' && c <= '9';
+            if (c < '0' || c > '9') {
+                digits = false;
+                break;
+            }
             code = code * 10 + (c - '0');
         }
         if (digits) {
@@ -117,10 +121,12 @@ QString DxfDump::CheckFile(const QString& path)
         return limit;
     };
 
+    // dxflib reads on past an EOF marker to the end of the file, so every
+    // group of the file is checked, not only those before it.
     QLatin1String entity;
-    bool atEnd = false;
+    bool sawEof = false;
     qint64 line = 0; // 0-based number of the code line
-    for (const char* begin = data; !atEnd; line += 2) {
+    for (const char* begin = data;; line += 2) {
         // A pair needs its value line to begin, even if it is empty.
         const char* codeEnd = lineEnd(begin);
         if (codeEnd == end)
@@ -139,16 +145,21 @@ QString DxfDump::CheckFile(const QString& path)
         }
         const QLatin1String codeText = trimmed(begin, codeEnd);
         bool isNumber = false;
-        const int code = groupCode(codeText, &isNumber);
-        if (!isNumber)
-            return QCoreApplication::translate("DxfDump", "%1: line %2 is not a group code: '%3'")
-                .arg(name)
-                .arg(line + 1)
-                .arg(shown(codeText));
+        int code = groupCode(codeText, &isNumber);
+        if (!isNumber) {
+            // Old programs pad their files after the EOF marker; dxflib reads
+            // the padding as it reads any code line, by its leading integer.
+            if (!sawEof)
+                return QCoreApplication::translate("DxfDump", "%1: line %2 is not a group code: '%3'")
+                    .arg(name)
+                    .arg(line + 1)
+                    .arg(shown(codeText));
+            code = int(std::strtol(QByteArray(codeText.data(), codeText.size()).constData(), nullptr, 10));
+        }
         const QLatin1String value = trimmed(valueBegin, valueEnd);
         if (code == 0) {
             entity = value;
-            atEnd = value == QLatin1String("EOF");
+            sawEof = sawEof || value == QLatin1String("EOF");
         } else if (isCountCode(entity, code)) {
             // Parsed like dxflib does: the leading integer counts. A copy,
             // since the mapped file has no terminating zero.
@@ -167,7 +178,7 @@ QString DxfDump::CheckFile(const QString& path)
             break;
         begin = valueEnd + 1;
     }
-    if (!atEnd)
+    if (!sawEof)
         return QCoreApplication::translate("DxfDump", "%1: the file ends without an EOF marker (truncated?)").arg(name);
     return QString();
 }

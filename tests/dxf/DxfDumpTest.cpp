@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <locale>
+
 namespace {
 
 QString fixture(const char* name)
@@ -89,18 +91,27 @@ void DxfDumpTest::malformedFileFails_data()
     QTest::newRow("huge vertex count") << fixture("huge-count.dxf") << "line 2248: LWPOLYLINE announces 2000000000";
     QTest::newRow("long line") << fixture("long-line.dxf") << "line 2014 is longer";
     QTest::newRow("folder") << QStringLiteral(KAMO_DXF_DATA) << "no such file";
+    // dxflib throws on it, past the check.
+    QTest::newRow("comment naming dxflib") << fixture("dxflib-comment.dxf") << "reading failed";
 }
 
 void DxfDumpTest::malformedFileFails()
 {
     QFETCH(QString, file);
     QFETCH(QString, reason);
+    const auto openFiles = [] { return QDir("/proc/self/fd").count(); };
+    const uint filesBefore = openFiles();
+    const std::string localeBefore = std::locale().name();
     QString text;
     QString error;
     QVERIFY(!DxfDump::DumpFileToText(file, text, &error));
     QVERIFY2(error.contains(reason), qPrintable(error));
     QPlainTextEdit edit;
     QVERIFY(!DxfDump::DumpFile(file, &edit, nullptr));
+    // A host reads many drawings in one session: a failed read must not
+    // keep the file open or leave the process in another locale.
+    QCOMPARE(openFiles(), filesBefore);
+    QCOMPARE(std::locale().name(), localeBefore);
 }
 
 // The check walks the file's bytes itself; these are the places where such a
@@ -116,10 +127,17 @@ void DxfDumpTest::checkBoundaries_data()
     QTest::newRow("CRLF") << QByteArray("  0\r\nSECTION\r\n  0\r\nEOF\r\n") << "";
     QTest::newRow("odd line at the end") << QByteArray("  0\nSECTION\n  0") << "ends without an EOF";
     QTest::newRow("text after EOF") << QByteArray("  0\nEOF\nnot a code\n") << "";
+    // dxflib reads on past the marker: a count there overflowed its buffer.
+    QTest::newRow("count after EOF") << QByteArray("0\nEOF\n0\nLWPOLYLINE\n90\n1073741825\n")
+                                     << "line 6: LWPOLYLINE announces 1073741825 items";
+    QTest::newRow("padding after EOF") << QByteArray("  0\nEOF\n\x1a\n\0\0\0\n") << "";
     QTest::newRow("signed code") << QByteArray("+0\nEOF\n") << "";
     QTest::newRow("hexadecimal code") << QByteArray("0x0\nEOF\n") << "line 1 is not a group code: '0x0'";
     QTest::newRow("code beyond int") << QByteArray("  0\nSECTION\n99999999999\nX\n  0\nEOF\n")
                                      << "line 3 is not a group code";
+    // Nine characters that are no digits once overflowed the code parser.
+    QTest::newRow("nine letters as code")
+        << QByteArray("  0\nSECTION\nzzzzzzzzz\nX\n  0\nEOF\n") << "line 3 is not a group code";
     QTest::newRow("space inside code") << QByteArray("  0\nSECTION\n1 0\nX\n  0\nEOF\n")
                                        << "line 3 is not a group code";
     // 9 lines (the last one empty) hold at most 4 items.

@@ -157,6 +157,10 @@ def main():
     index = text.index("Schacht 7")
     write_text("long-line.dxf", text[:index] + "X" * 2100 + text[index + len("Schacht 7"):])
 
+    # Programs built on dxflib sign their files with a comment "dxflib
+    # <version>"; cut short, it makes dxflib throw.
+    write_text("dxflib-comment.dxf", "999\ndxflib\n" + text)
+
 
 if __name__ == "__main__":
     main()
