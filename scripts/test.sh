@@ -1,14 +1,24 @@
 #!/bin/sh
-# Installs what is missing, builds everything with warnings as errors and
-# runs all tests (unit, GUI offscreen, command line, package consumer).
+# Installs what is missing, then builds and tests twice: the library as a
+# host links it (warnings as errors, every test including the package
+# consumer), and the same library and tests under AddressSanitizer and
+# UndefinedBehaviorSanitizer, where each fuzz target also runs for a short
+# while on its seed corpus.
 set -eu
 cd "$(dirname "$0")/.."
 
 scripts/install-deps.sh
 scripts/check-format.sh
 
+jobs=$(nproc)
+
 build=build-test
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKAMO_WERROR=ON
-cmake --build "$build" --parallel "$(nproc)"
-cd "$build"
-ctest --output-on-failure --parallel "$(nproc)"
+cmake --build "$build" --parallel "$jobs"
+(cd "$build" && ctest --output-on-failure --parallel "$jobs")
+
+build=build-sanitize
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKAMO_WERROR=ON \
+    -DCMAKE_CXX_COMPILER=clang++ -DKAMO_FUZZ=ON -DKAMO_BUILD_BENCH=OFF
+cmake --build "$build" --parallel "$jobs"
+(cd "$build" && ctest --output-on-failure --parallel "$jobs")

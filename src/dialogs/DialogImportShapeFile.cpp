@@ -17,7 +17,6 @@
 
 DialogImportShapeFile::DialogImportShapeFile(QWidget* parent, QSettings* settings)
     : parent(parent)
-    , settings(settings)
     , dialog(new DlgShapeImport(parent))
 {
     dialog->SetSettings(settings);

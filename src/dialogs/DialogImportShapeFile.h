@@ -84,7 +84,6 @@ private:
     bool import(const QString& shapeFile, const QString& dbFile);
 
     QWidget* parent;
-    QSettings* settings;
     DlgShapeImport* dialog;
     QStringList filesToProcess;
     QMap<int, QMap<QString, QList<PointF>>> scalesMap;

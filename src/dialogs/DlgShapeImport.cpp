@@ -642,7 +642,7 @@ void DlgShapeImport::OnSelectProjectGeoSystemClicked()
 
 void DlgShapeImport::showGeoSystems()
 {
-    const auto show = [this](QLineEdit* field, const GeoSystemSettings& system) {
+    const auto show = [](QLineEdit* field, const GeoSystemSettings& system) {
         field->setText(system.IsNull() ? tr("not set: no conversion") : system.GetDescription());
         field->setToolTip(system.ToString());
         field->setCursorPosition(0);

@@ -42,7 +42,7 @@ private:
     void printAttributes();
 
     QPlainTextEdit* output;
-    QObject* context;
+    [[maybe_unused]] QObject* context; // handed in by callers, kept for them
     QString* textSink;
     const bool* stop = nullptr;
 };

@@ -52,7 +52,7 @@ private:
     static bool isRectangle(const QList<YPoint>& four);
 
     const QList<YPoint>& points;
-    std::int32_t reserved; // unused, keeps the object layout hosts were built with
+    [[maybe_unused]] std::int32_t reserved; // keeps the object layout hosts were built with
 };
 
 #endif

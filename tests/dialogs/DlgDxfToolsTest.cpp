@@ -72,6 +72,15 @@ private Q_SLOTS:
     void dumpButtonStopsARunningDump();
     void settingsBringBackFileFilterAndGeometry();
     void showModalRunsTheWorkbench();
+
+    // A line edit's clear button fades in through an animation that only
+    // notices on its next frame that its button is gone, and then deletes
+    // itself later: both need an event loop after the last dialog closed.
+    void cleanupTestCase()
+    {
+        QTest::qWait(250);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 };
 
 void DlgDxfToolsTest::openListsInsertsWithTheirSheetNumbers()

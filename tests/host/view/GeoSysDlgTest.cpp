@@ -51,6 +51,15 @@ private Q_SLOTS:
     void chooseGeoSystem();
     void fromPrjFile_data();
     void fromPrjFile();
+
+    // A line edit's clear button fades in through an animation that only
+    // notices on its next frame that its button is gone, and then deletes
+    // itself later: both need an event loop after the last dialog closed.
+    void cleanupTestCase()
+    {
+        QTest::qWait(250);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 };
 
 void GeoSysDlgTest::search_data()
