@@ -1,7 +1,19 @@
 #include "DxfOutputCreationAdapter.h"
 
+#include "dxf/PrintfFixed.h"
+
 #include <QCoreApplication>
 #include <QPlainTextEdit>
+
+namespace {
+
+// The listing's "%6.3f".
+QString number(double value)
+{
+    return PrintfFixed(value, 6, 3);
+}
+
+} // namespace
 
 DxfOutputCreationAdapter::DxfOutputCreationAdapter(QPlainTextEdit* output, QObject* context, QString* textSink)
     : output(output)
@@ -74,27 +86,30 @@ void DxfOutputCreationAdapter::endBlock()
 
 void DxfOutputCreationAdapter::addPoint(const DL_PointData& data)
 {
-    Print(QString::asprintf("POINT    (%6.3f, %6.3f, %6.3f)\n", data.x, data.y, data.z));
+    Print(QStringLiteral("POINT    (%1, %2, %3)\n").arg(number(data.x), number(data.y), number(data.z)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addLine(const DL_LineData& data)
 {
-    Print(QString::asprintf("LINE     (%6.3f, %6.3f, %6.3f) (%6.3f, %6.3f, %6.3f)\n", data.x1, data.y1, data.z1,
-        data.x2, data.y2, data.z2));
+    Print(
+        QStringLiteral("LINE     (%1, %2, %3) (%4, %5, %6)\n")
+            .arg(number(data.x1), number(data.y1), number(data.z1), number(data.x2), number(data.y2), number(data.z2)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addArc(const DL_ArcData& data)
 {
-    Print(QString::asprintf("ARC      (%6.3f, %6.3f, %6.3f) %6.3f, %6.3f, %6.3f\n", data.cx, data.cy, data.cz,
-        data.radius, data.angle1, data.angle2));
+    Print(QStringLiteral("ARC      (%1, %2, %3) %4, %5, %6\n")
+              .arg(number(data.cx), number(data.cy), number(data.cz), number(data.radius), number(data.angle1),
+                  number(data.angle2)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addCircle(const DL_CircleData& data)
 {
-    Print(QString::asprintf("CIRCLE   (%6.3f, %6.3f, %6.3f) %6.3f\n", data.cx, data.cy, data.cz, data.radius));
+    Print(QStringLiteral("CIRCLE   (%1, %2, %3) %4\n")
+              .arg(number(data.cx), number(data.cy), number(data.cz), number(data.radius)));
     printAttributes();
 }
 
@@ -107,7 +122,8 @@ void DxfOutputCreationAdapter::addPolyline(const DL_PolylineData& data)
 
 void DxfOutputCreationAdapter::addVertex(const DL_VertexData& data)
 {
-    Print(QString::asprintf("VERTEX   (%6.3f, %6.3f, %6.3f) %6.3f\n", data.x, data.y, data.z, data.bulge));
+    Print(QStringLiteral("VERTEX   (%1, %2, %3) %4\n")
+              .arg(number(data.x), number(data.y), number(data.z), number(data.bulge)));
     printAttributes();
 }
 
@@ -115,7 +131,8 @@ void DxfOutputCreationAdapter::add3dFace(const DL_3dFaceData& data)
 {
     Print(QStringLiteral("3DFACE\n"));
     for (int i = 0; i < 4; ++i)
-        Print(QString::asprintf("   corner %d: %6.3f %6.3f %6.3f\n", i, data.x[i], data.y[i], data.z[i]));
+        Print(QStringLiteral("   corner %1: %2 %3 %4\n")
+                  .arg(QString::number(i), number(data.x[i]), number(data.y[i]), number(data.z[i])));
     printAttributes();
 }
 

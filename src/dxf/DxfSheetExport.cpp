@@ -1,5 +1,6 @@
 #include "dxf/DxfSheetExport.h"
 
+#include "dxf/PrintfFixed.h"
 #include "gk/CGKSheet.h"
 #include "gk/CRoutingTilesRevisor.h"
 #include "gk/RectangleDetector.h"
@@ -97,8 +98,11 @@ bool DxfSheetExport::ExportGK2(const DxfDrawing& drawing, const QString& file, i
             for (const QPointF* vertex : slots) {
                 if (!vertex)
                     continue;
-                // Decimal commas: the host reads the file with them.
-                text += QString::asprintf("%7.2lf     %7.2lf", vertex->x(), vertex->y()).toLatin1().replace('.', ',');
+                // "%7.2lf     %7.2lf" with decimal commas: the host reads the
+                // file with them.
+                text += (PrintfFixed(vertex->x(), 7, 2) + QLatin1String("     ") + PrintfFixed(vertex->y(), 7, 2))
+                            .toLatin1()
+                            .replace('.', ',');
                 text += "    \r\n";
             }
         }

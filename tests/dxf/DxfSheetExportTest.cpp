@@ -1,8 +1,13 @@
 #include <dxf/DxfDrawing.h>
+#include <dxf/DxfDump.h>
 #include <dxf/DxfSheetExport.h>
 
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <charconv>
+#include <clocale>
 
 namespace {
 
@@ -19,6 +24,23 @@ QByteArray readAll(const QString& path)
 
 using Attributes = QList<QPair<QString, QString>>;
 
+// One insert of sheet number 7 whose block holds one polyline; vertex i
+// gets labels[i].
+DxfDrawing oneSheet(const QVector<QPointF>& vertices, const QList<int>& labels)
+{
+    DxfDrawing drawing;
+    DxfPolyline polyline;
+    polyline.vertices = vertices;
+    for (int i = 0; i < labels.size(); ++i)
+        polyline.labels.insert(i, static_cast<GK::VtxPosition>(labels.at(i)));
+    drawing.blocks.append(DxfBlock { "B", { polyline } });
+    DxfInsert insert;
+    insert.blockName = "B";
+    insert.attributes = { { "Bl_Nr", "7" } };
+    drawing.inserts.append(insert);
+    return drawing;
+}
+
 } // namespace
 
 class DxfSheetExportTest : public QObject
@@ -33,6 +55,8 @@ private Q_SLOTS:
     void exportMatchesHandCheckedFile();
     void singleRecord_data();
     void singleRecord();
+    void numbersRoundedLikePrintf_data();
+    void numbersRoundedLikePrintf();
     void unwritableTargetKeepsNothing();
     void correctingACopyKeepsTheOriginal();
     void firstBlockOfANameCounts();
@@ -142,22 +166,72 @@ void DxfSheetExportTest::singleRecord()
     QFETCH(bool, use);
     QFETCH(QByteArray, expected);
 
-    DxfDrawing drawing;
-    DxfPolyline polyline;
-    polyline.vertices = vertices;
-    for (int i = 0; i < labels.size(); ++i)
-        polyline.labels.insert(i, static_cast<GK::VtxPosition>(labels.at(i)));
-    drawing.blocks.append(DxfBlock { "B", { polyline } });
-    DxfInsert insert;
-    insert.blockName = "B";
-    insert.attributes = { { "Bl_Nr", "7" } };
-    insert.use = use;
-    drawing.inserts.append(insert);
+    DxfDrawing drawing = oneSheet(vertices, labels);
+    drawing.inserts.first().use = use;
 
     QTemporaryDir dir;
     const QString out = dir.filePath("x.gk2");
     QVERIFY(DxfSheetExport::ExportGK2(drawing, out, nullptr, nullptr));
     QCOMPARE(readAll(out), expected);
+}
+
+// Both number formats, the GK2 file's "%7.2lf" and the dump's "%6.3f", as
+// printf writes them in the C locale: QString::asprintf rounds exact ties
+// away from zero and drops the sign of -0.0, and a printf under a locale
+// with decimal commas would write those.
+void DxfSheetExportTest::numbersRoundedLikePrintf_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QByteArray>("gk2");
+    QTest::addColumn<QString>("dump");      // empty: a DXF file cannot hold the value
+    QTest::addColumn<QByteArray>("locale"); // empty: the test's own
+
+    QTest::newRow("tie .125 to even, down") << 3512000.125 << QByteArray("3512000,12") << "3512000.125" << QByteArray();
+    QTest::newRow("tie .375 to even, up") << 0.375 << QByteArray("   0,38") << " 0.375" << QByteArray();
+    QTest::newRow("tie .625 to even, down") << 5812000.625 << QByteArray("5812000,62") << "5812000.625" << QByteArray();
+    QTest::newRow("tie .0625 to even, down") << -1.0625 << QByteArray("  -1,06") << "-1.062" << QByteArray();
+    QTest::newRow("tie .1875 to even, up") << 0.1875 << QByteArray("   0,19") << " 0.188" << QByteArray();
+    QTest::newRow("negative zero") << -0.0 << QByteArray("  -0,00") << "-0.000" << QByteArray();
+    QTest::newRow("large") << 1e22 << QByteArray("10000000000000000000000,00") << "10000000000000000000000.000"
+                           << QByteArray();
+    QTest::newRow("small negative") << -1e-300 << QByteArray("  -0,00") << "-0.000" << QByteArray();
+    QTest::newRow("nan") << qQNaN() << QByteArray("    nan") << "" << QByteArray();
+    QTest::newRow("infinity") << -qInf() << QByteArray("   -inf") << "" << QByteArray();
+    QTest::newRow("German locale") << 3512000.625 << QByteArray("3512000,62") << "3512000.625"
+                                   << QByteArray("de_DE.UTF-8");
+}
+
+void DxfSheetExportTest::numbersRoundedLikePrintf()
+{
+    QFETCH(double, value);
+    QFETCH(QByteArray, gk2);
+    QFETCH(QString, dump);
+    QFETCH(QByteArray, locale);
+
+    const QByteArray previous = setlocale(LC_ALL, nullptr);
+    const auto restore = qScopeGuard([&previous] { setlocale(LC_ALL, previous.constData()); });
+    if (!locale.isEmpty() && !setlocale(LC_ALL, locale.constData()))
+        QSKIP("the locale is not installed here (localedef -i de_DE -f UTF-8 de_DE.UTF-8 makes it)");
+
+    QTemporaryDir dir;
+    const QString out = dir.filePath("x.gk2");
+    QVERIFY(DxfSheetExport::ExportGK2(oneSheet({ { value, value } }, { GK::vpTopLeft }), out, nullptr, nullptr));
+    QCOMPARE(readAll(out), "GK2\r\n\r\n7\r\n" + gk2 + "     " + gk2 + "    \r\n");
+
+    if (dump.isEmpty())
+        return;
+    QFile dxf(dir.filePath("point.dxf"));
+    // QByteArray::number drops the sign of -0.0.
+    char digits[32];
+    const QByteArray number(digits, int(std::to_chars(digits, digits + sizeof digits, value).ptr - digits));
+    QVERIFY(dxf.open(QIODevice::WriteOnly));
+    dxf.write("  0\nSECTION\n  2\nENTITIES\n  0\nPOINT\n 10\n" + number + "\n 20\n" + number + "\n 30\n" + number
+        + "\n  0\nENDSEC\n  0\nEOF\n");
+    dxf.close();
+    QString text;
+    QString error;
+    QVERIFY2(DxfDump::DumpFileToText(dxf.fileName(), text, &error), qPrintable(error));
+    QCOMPARE(text.section('\n', 0, 0), "POINT    (" + dump + ", " + dump + ", " + dump + ")");
 }
 
 void DxfSheetExportTest::unwritableTargetKeepsNothing()
