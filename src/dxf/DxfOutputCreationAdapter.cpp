@@ -42,7 +42,7 @@ void DxfOutputCreationAdapter::Print(const QString& text)
 
 void DxfOutputCreationAdapter::printAttributes()
 {
-    QString line = QString::asprintf("  Attributes: Layer: %s, ", attributes.getLayer().c_str());
+    QString line = QLatin1String("  Attributes: Layer: ") + decoder.Text(attributes.getLayer()) + QLatin1String(", ");
     line += QLatin1String(" Color: ");
     const int color = attributes.getColor();
     if (color == 256)
@@ -50,7 +50,7 @@ void DxfOutputCreationAdapter::printAttributes()
     else if (color == 0)
         line += QLatin1String("BYBLOCK");
     else
-        line += QString::asprintf("%d", color);
+        line += QString::number(color);
     line += QLatin1String(" Width: ");
     const int width = attributes.getWidth();
     if (width == -1)
@@ -60,23 +60,29 @@ void DxfOutputCreationAdapter::printAttributes()
     else if (width == -3)
         line += QLatin1String("DEFAULT");
     else
-        line += QString::asprintf("%d", width);
+        line += QString::number(width);
     // dxflib mostly reports an empty line type as BYLAYER already; not all
     // of its entity readers do.
     const std::string type = attributes.getLinetype();
-    line += QString::asprintf(" Type: %s\n", type.empty() ? "BYLAYER" : type.c_str());
+    line += QLatin1String(" Type: ") + (type.empty() ? QStringLiteral("BYLAYER") : decoder.Text(type))
+        + QLatin1Char('\n');
     Print(line);
+}
+
+void DxfOutputCreationAdapter::setVariableString(const std::string& key, const std::string& value, int)
+{
+    decoder.SetVariable(key, value);
 }
 
 void DxfOutputCreationAdapter::addLayer(const DL_LayerData& data)
 {
-    Print(QString::asprintf("LAYER: %s flags: %d\n", data.name.c_str(), data.flags));
+    Print(QStringLiteral("LAYER: %1 flags: %2\n").arg(decoder.Text(data.name), QString::number(data.flags)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addBlock(const DL_BlockData& data)
 {
-    Print(QString::asprintf("BLOCK: %s flags: %d\n", data.name.c_str(), data.flags));
+    Print(QStringLiteral("BLOCK: %1 flags: %2\n").arg(decoder.Text(data.name), QString::number(data.flags)));
 }
 
 void DxfOutputCreationAdapter::endBlock()
@@ -116,7 +122,7 @@ void DxfOutputCreationAdapter::addCircle(const DL_CircleData& data)
 void DxfOutputCreationAdapter::addPolyline(const DL_PolylineData& data)
 {
     Print(QStringLiteral("POLYLINE \n"));
-    Print(QString::asprintf("flags: %d\n", int(data.flags)));
+    Print(QStringLiteral("flags: %1\n").arg(int(data.flags)));
     printAttributes();
 }
 
@@ -138,15 +144,15 @@ void DxfOutputCreationAdapter::add3dFace(const DL_3dFaceData& data)
 
 void DxfOutputCreationAdapter::addText(const DL_TextData& data)
 {
-    Print(QString::asprintf("Text: %s", data.text.c_str()));
+    Print(QLatin1String("Text: ") + decoder.Text(data.text));
 }
 
 void DxfOutputCreationAdapter::addMText(const DL_MTextData& data)
 {
-    Print(QString::asprintf("MText: %s", data.text.c_str()));
+    Print(QLatin1String("MText: ") + decoder.Text(data.text));
 }
 
 void DxfOutputCreationAdapter::addAttribute(const DL_AttributeData& data)
 {
-    Print(QString::asprintf("Attribute: %s", data.text.c_str()));
+    Print(QLatin1String("Attribute: ") + decoder.Text(data.text));
 }

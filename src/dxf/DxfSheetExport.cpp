@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QHash>
 #include <QSaveFile>
+#include <QTextCodec>
 
 #include <vector>
 
@@ -79,13 +80,13 @@ bool DxfSheetExport::ExportGK2(const DxfDrawing& drawing, const QString& file, i
     int count = 0;
     if (written)
         *written = 0;
-    QByteArray text("GK2\r\n");
+    QString text = QStringLiteral("GK2\r\n");
     const QHash<QString, int> blocks = drawing.BlockIndex();
     for (const DxfInsert& insert : drawing.inserts) {
         const DxfBlock* block = findBlock(drawing, blocks, insert.blockName);
         if (!block || !insert.HasSheetNumber() || block->polylines.isEmpty() || !insert.use)
             continue;
-        text += "\r\n" + insert.SheetNumber().toUtf8() + "\r\n";
+        text += QLatin1String("\r\n") + insert.SheetNumber() + QLatin1String("\r\n");
         for (const DxfPolyline& polyline : block->polylines) {
             const QPointF* slots[4] = {};
             for (auto label = polyline.labels.cbegin(); label != polyline.labels.cend(); ++label) {
@@ -100,17 +101,19 @@ bool DxfSheetExport::ExportGK2(const DxfDrawing& drawing, const QString& file, i
                     continue;
                 // "%7.2lf     %7.2lf" with decimal commas: the host reads the
                 // file with them.
-                text += (PrintfFixed(vertex->x(), 7, 2) + QLatin1String("     ") + PrintfFixed(vertex->y(), 7, 2))
-                            .toLatin1()
-                            .replace('.', ',');
-                text += "    \r\n";
+                QString line = PrintfFixed(vertex->x(), 7, 2) + QLatin1String("     ") + PrintfFixed(vertex->y(), 7, 2);
+                text += line.replace(QLatin1Char('.'), QLatin1Char(',')) + QLatin1String("    \r\n");
             }
         }
         ++count;
     }
 
+    // The host on the same machine reads the file back in the encoding a
+    // text stream writes by default, the locale's; sheet numbers with
+    // umlauts must come back as they went out.
+    const QByteArray bytes = QTextCodec::codecForLocale()->fromUnicode(text);
     QSaveFile out(file);
-    if (!out.open(QIODevice::WriteOnly) || out.write(text) != text.size() || !out.commit()) {
+    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit()) {
         if (error)
             *error = QCoreApplication::translate("DxfSheetExport", "%1: cannot write the file: %2")
                          .arg(QDir::toNativeSeparators(file), out.errorString());

@@ -4,6 +4,7 @@
 
 #include <QScopeGuard>
 #include <QTemporaryDir>
+#include <QTextCodec>
 #include <QtTest>
 
 #include <charconv>
@@ -51,6 +52,8 @@ private Q_SLOTS:
     void capturedInserts_data();
     void capturedInserts();
     void capturedBlocks();
+    void textInTheDrawingsEncoding_data();
+    void textInTheDrawingsEncoding();
     void correctionLog();
     void exportMatchesHandCheckedFile();
     void singleRecord_data();
@@ -113,6 +116,56 @@ void DxfSheetExportTest::capturedBlocks()
     const DxfPolyline& small = drawing.Block("BLATT_40")->polylines.first();
     QCOMPARE(small.vertices, (QVector<QPointF> { { 5.5, 3.75 }, { -4.5, 3.75 }, { -4.5, -2.25 }, { 5.5, -2.25 } }));
     QVERIFY(small.labels.isEmpty());
+}
+
+// Before R2007 a drawing's text is in its codepage, not UTF-8: read as UTF-8,
+// every umlaut became U+FFFD, which also made the two block names one.
+void DxfSheetExportTest::textInTheDrawingsEncoding_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("mtext"); // R12 has none
+
+    QTest::newRow("R12 in ANSI_1252") << "umlauts-r12.dxf"
+                                      << "";
+    QTest::newRow("R2000 in ANSI_1252") << "umlauts-r2000.dxf"
+                                        << "\nMText: Brücke Ω";
+    QTest::newRow("R2010 in UTF-8") << "umlauts-r2010.dxf"
+                                    << "\nMText: Brücke Ω";
+}
+
+void DxfSheetExportTest::textInTheDrawingsEncoding()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, mtext);
+
+    DxfDrawing drawing;
+    QString error;
+    QVERIFY2(DxfDrawing::Read(fixture(qPrintable(file)), drawing, &error), qPrintable(error));
+    QVERIFY(drawing.layers.contains("STRAßE"));
+    QCOMPARE(drawing.inserts.size(), 2);
+    QCOMPARE(drawing.inserts.at(0).blockName, QString("BLATT_SÜD"));
+    QCOMPARE(drawing.inserts.at(1).blockName, QString("BLATT_SÖD"));
+    QCOMPARE(drawing.inserts.at(1).layer, QString("STRAßE"));
+    QCOMPARE(drawing.inserts.at(1).attributes,
+        (Attributes { { "BL_NR", "Söd-2" }, { "MAßSTAB", "1:500" }, { "BEMERKUNG", "Ω-Prüfung 5 €" } }));
+    QVERIFY(drawing.Block("BLATT_SÜD") && drawing.Block("BLATT_SÖD"));
+    QVERIFY(drawing.Block("BLATT_SÜD") != drawing.Block("BLATT_SÖD"));
+
+    // The host reads the file in the locale's encoding, here ANSI_1252.
+    QTextCodec* const localeCodec = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("windows-1252"));
+    const auto restore = qScopeGuard([localeCodec] { QTextCodec::setCodecForLocale(localeCodec); });
+    QVERIFY(DxfSheetExport::CorrectVertexPositions(drawing).isEmpty());
+    QTemporaryDir dir;
+    QVERIFY2(DxfSheetExport::ExportGK2(drawing, dir.filePath("x.gk2"), nullptr, &error), qPrintable(error));
+    QCOMPARE(readAll(dir.filePath("x.gk2")), readAll(fixture("umlauts.gk2")));
+
+    QString text;
+    QVERIFY2(DxfDump::DumpFileToText(fixture(qPrintable(file)), text, &error), qPrintable(error));
+    for (const char* expected : { "\nLAYER: STRAßE flags: 0\n", "\nBLOCK: BLATT_SÖD flags: 0\n", " Type: STRICH_Ü\n",
+             "\nAttribute: Ω-Prüfung 5 €\n", "\nText: Straße Ω" })
+        QVERIFY2(text.contains(expected), qPrintable(expected));
+    QVERIFY(text.contains(mtext));
 }
 
 void DxfSheetExportTest::correctionLog()
