@@ -4,6 +4,7 @@
 #include "gk/CGKSheet.h"
 #include "gk/CRoutingTilesRevisor.h"
 #include "gk/RectangleDetector.h"
+#include "gk/VtxPosition.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -19,6 +20,35 @@ const DxfBlock* findBlock(const DxfDrawing& drawing, const QHash<QString, int>& 
 {
     const int i = index.value(name, -1);
     return i < 0 ? nullptr : &drawing.blocks.at(i);
+}
+
+// What a revision that did not finish leaves unlabelled, for the log. It
+// stops at the first sheet whose frame has no pair of parallel sides, leaving
+// that sheet and all after it unlabelled; a frame with only one pair is
+// reported but labelled all the same.
+QStringList revisionFailure(GK::CRoutingTilesRevisor::GKError error, const std::vector<GK::CGKSheet>& ensemble)
+{
+    const QString name = error == GK::CRoutingTilesRevisor::geSidesMissing ? QStringLiteral("geSidesMissing")
+                                                                           : QString::number(int(error));
+    QStringList log;
+    QStringList unlabelled;
+    for (const GK::CGKSheet& sheet : ensemble) {
+        if (!unlabelled.isEmpty() || sheet.sides[GK::CGKSheet::stLong].vector1 < 0)
+            unlabelled.append(QString::number(sheet.tileIndex));
+        else if (sheet.sides[GK::CGKSheet::stShort].vector1 < 0)
+            log.append(QCoreApplication::translate("DxfSheetExport",
+                "Vertex revision reported %1 for insert %2: its frame has only one pair of parallel sides; its "
+                "corners are labelled all the same")
+                           .arg(name, QString::number(sheet.tileIndex)));
+    }
+    if (!unlabelled.isEmpty())
+        log.append(QCoreApplication::translate("DxfSheetExport",
+            "Vertex revision stopped with %1 at insert %2: its frame has no parallel sides; inserts left without "
+            "corner labels: %3")
+                       .arg(name, unlabelled.first(), unlabelled.join(QLatin1String(", "))));
+    if (log.isEmpty())
+        log.append(QCoreApplication::translate("DxfSheetExport", "Vertex revision ended with %1").arg(name));
+    return log;
 }
 
 } // namespace
@@ -54,13 +84,20 @@ QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing)
     if (ensemble.empty())
         return log;
 
-    GK::CRoutingTilesRevisor(ensemble).Revise();
+    const GK::CRoutingTilesRevisor::GKError error = GK::CRoutingTilesRevisor(ensemble).Revise();
+    if (error != GK::CRoutingTilesRevisor::geNone)
+        log += revisionFailure(error, ensemble);
 
     for (const GK::CGKSheet& sheet : ensemble) {
         // Non-const access detaches the drawing from any copy of it.
         DxfBlock& block = drawing.blocks[blocks.value(drawing.inserts.at(sheet.tileIndex).blockName)];
         DxfPolyline& polyline = block.polylines.first();
         for (const GK::CGKVertex& corner : sheet.vertices) {
+            // A corner the revision left at 0 has no label: an entry for it
+            // would count the insert as labelled, and would overwrite the
+            // label of another insert of the same block.
+            if (GK::VtxPositionRingSlot(corner.position) < 0)
+                continue;
             for (int v = 0; v < polyline.vertices.size(); ++v) {
                 // The corners are copies of vertex coordinates, so exact
                 // comparison finds them.

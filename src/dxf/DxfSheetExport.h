@@ -16,9 +16,11 @@ public:
     // Labels the frame corners of every used insert whose block holds
     // exactly one polyline, treating the inserts in list order as one route
     // of sheets. The labels go into the block's polyline, so inserts sharing
-    // a block share them too. Returns the lines for the output log: one per
-    // insert whose frame is not exactly one rectangle, naming the insert by
-    // its 0-based position in `drawing.inserts`.
+    // a block share them too; only real corner labels are entered. Returns
+    // the lines for the output log, naming inserts by their 0-based position
+    // in `drawing.inserts`: one per insert whose frame is not exactly one
+    // rectangle, and, when the labelling along the route does not finish,
+    // its error and the inserts it left unlabelled.
     static QStringList CorrectVertexPositions(DxfDrawing& drawing);
 
     // Writes the labelled corners of every used insert with a sheet number

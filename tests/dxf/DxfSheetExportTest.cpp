@@ -9,6 +9,7 @@
 
 #include <charconv>
 #include <clocale>
+#include <cmath>
 
 namespace {
 
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void unwritableTargetKeepsNothing();
     void correctingACopyKeepsTheOriginal();
     void firstBlockOfANameCounts();
+    void kiteFrameStopsTheLabellingWithAReason();
 };
 
 void DxfSheetExportTest::capturedInserts_data()
@@ -331,6 +333,36 @@ void DxfSheetExportTest::firstBlockOfANameCounts()
     QVERIFY(DxfSheetExport::ExportGK2(drawing, out, nullptr, nullptr));
     QVERIFY(!readAll(out).contains("100,00"));
     QCOMPARE(readAll(out).count("\r\n"), 7);
+}
+
+// The rectangle detector takes a kite for a rectangle when its fourth corner
+// lies at the diagonal's distance; the revision then stops there. It used to
+// do so silently, leaving label-0 entries that counted as labelled.
+void DxfSheetExportTest::kiteFrameStopsTheLabellingWithAReason()
+{
+    const double x0 = 3512000.0;
+    const double y0 = 5812000.0;
+    const double reach = std::hypot(400.0, 280.0) / std::sqrt(2.0);
+    const QVector<QPointF> frames[] = {
+        { { x0, y0 }, { x0 + 400, y0 }, { x0 + 400, y0 + 280 }, { x0, y0 + 280 } },
+        { { x0 + 380, y0 }, { x0 + 780, y0 }, { x0 + 380 + reach, y0 + reach }, { x0 + 380, y0 + 280 } },
+        { { x0 + 760, y0 }, { x0 + 1160, y0 }, { x0 + 1160, y0 + 280 }, { x0 + 760, y0 + 280 } },
+    };
+    DxfDrawing drawing;
+    for (int i = 0; i < 3; ++i) {
+        const QString name = QString::number(i);
+        drawing.blocks.append(DxfBlock { name, { DxfPolyline { frames[i], {} } } });
+        DxfInsert insert;
+        insert.blockName = name;
+        drawing.inserts.append(insert);
+    }
+
+    QCOMPARE(DxfSheetExport::CorrectVertexPositions(drawing),
+        QStringList { "Vertex revision stopped with geSidesMissing at insert 1: its frame has no parallel sides; "
+                      "inserts left without corner labels: 1, 2" });
+    QCOMPARE(drawing.blocks.at(0).polylines.first().labels.size(), 4);
+    QVERIFY(drawing.blocks.at(1).polylines.first().labels.isEmpty());
+    QVERIFY(drawing.blocks.at(2).polylines.first().labels.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(DxfSheetExportTest)
