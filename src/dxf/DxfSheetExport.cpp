@@ -150,6 +150,10 @@ bool DxfSheetExport::ExportGK2(const DxfDrawing& drawing, const QString& file, i
     // umlauts must come back as they went out.
     const QByteArray bytes = QTextCodec::codecForLocale()->fromUnicode(text);
     QSaveFile out(file);
+    // A folder the user may not write to can still hold a file he may:
+    // then the file is rewritten in place, as truncating it and writing
+    // would, rather than not at all.
+    out.setDirectWriteFallback(true);
     if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit()) {
         if (error)
             *error = QCoreApplication::translate("DxfSheetExport", "%1: cannot write the file: %2")

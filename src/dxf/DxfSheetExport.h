@@ -25,7 +25,8 @@ public:
 
     // Writes the labelled corners of every used insert with a sheet number
     // and a block with polylines, in list order. The file is replaced only
-    // once it is completely written. `written` (optional) receives the
+    // once it is completely written, except in a folder where no temporary
+    // file can be made: a writable file there is rewritten in place. `written` (optional) receives the
     // number of inserts written; false with a reason in `error` when the
     // file cannot be written.
     static bool ExportGK2(const DxfDrawing& drawing, const QString& file, int* written, QString* error);

@@ -11,6 +11,9 @@
 #include <clocale>
 #include <cmath>
 
+#include <pwd.h>
+#include <unistd.h>
+
 namespace {
 
 QString fixture(const char* name)
@@ -62,6 +65,7 @@ private Q_SLOTS:
     void numbersRoundedLikePrintf_data();
     void numbersRoundedLikePrintf();
     void unwritableTargetKeepsNothing();
+    void writableFileInAReadOnlyFolderIsRewritten();
     void correctingACopyKeepsTheOriginal();
     void firstBlockOfANameCounts();
     void kiteFrameStopsTheLabellingWithAReason();
@@ -299,6 +303,42 @@ void DxfSheetExportTest::unwritableTargetKeepsNothing()
     QCOMPARE(written, 0);
     QVERIFY(error.contains("x.gk2"));
     QVERIFY(!QFile::exists(out));
+}
+
+// Writing through a temporary file beside the target failed the whole export
+// where the folder is read-only but the file is not.
+void DxfSheetExportTest::writableFileInAReadOnlyFolderIsRewritten()
+{
+    QTemporaryDir dir;
+    const QString folder = dir.filePath("read-only");
+    const QString out = folder + "/x.gk2";
+    QVERIFY(QDir().mkdir(folder));
+    QFile old(out);
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.write(QByteArray(200, 'x')) == 200);
+    old.close();
+    const QFileDevice::Permissions everyone = QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther
+        | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
+    QVERIFY(QFile::setPermissions(dir.path(), everyone | QFileDevice::WriteOwner));
+    QVERIFY(QFile::setPermissions(
+        out, everyone | QFileDevice::WriteOwner | QFileDevice::WriteGroup | QFileDevice::WriteOther));
+    QVERIFY(QFile::setPermissions(folder, everyone));
+    const auto cleanUp = qScopeGuard([&] { QFile::setPermissions(folder, everyone | QFileDevice::WriteOwner); });
+
+    // Permissions do not bind root: the export runs as "nobody" then.
+    const uid_t user = geteuid();
+    if (user == 0) {
+        const passwd* nobody = getpwnam("nobody");
+        if (!nobody)
+            QSKIP("running as root, and without a user 'nobody' to whom the folder's permissions apply");
+        QVERIFY(seteuid(nobody->pw_uid) == 0);
+    }
+    const auto restore = qScopeGuard([user] { QVERIFY(seteuid(user) == 0); });
+    QVERIFY2(!QFile(folder + "/probe").open(QIODevice::WriteOnly), "the folder is writable after all");
+
+    QString error;
+    QVERIFY2(
+        DxfSheetExport::ExportGK2(oneSheet({ { 1, 2 } }, { GK::vpTopLeft }), out, nullptr, &error), qPrintable(error));
+    QCOMPARE(readAll(out), QByteArray("GK2\r\n\r\n7\r\n   1,00        2,00    \r\n"));
 }
 
 void DxfSheetExportTest::correctingACopyKeepsTheOriginal()
