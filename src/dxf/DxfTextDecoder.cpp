@@ -85,7 +85,17 @@ QString DxfTextDecoder::Text(const std::string& bytes) const
     // the codepages and UTF-8 share.
     if (std::all_of(data, data + size, [](char c) { return c > 0 && c < 0x7f && c != '\\'; }))
         return QString::fromLatin1(data, size);
-    QString text = utf8 ? QString::fromUtf8(data, size) : codec->toUnicode(data, size);
+    QString text;
+    if (utf8) {
+        // Some writers stamp a recent version on text still in the
+        // codepage; such a string would lose every umlaut to U+FFFD.
+        QTextCodec::ConverterState state;
+        text = QTextCodec::codecForMib(106)->toUnicode(data, size, &state);
+        if (state.invalidChars > 0)
+            text = codec->toUnicode(data, size);
+    } else {
+        text = codec->toUnicode(data, size);
+    }
     if (std::memchr(data, '\\', bytes.size()))
         resolveUnicodeEscapes(text);
     return text;
