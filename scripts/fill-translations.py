@@ -123,6 +123,13 @@ GERMAN = {
         "%1: Zeile %2: %3 kündigt %4 Einträge an, mehr als die Datei fassen kann",
     "%1: the file ends without an EOF marker (truncated?)": "%1: die Datei endet ohne EOF-Marke (abgeschnitten?)",
     "%1: cannot write the file: %2": "%1: die Datei kann nicht geschrieben werden: %2",
+    "Vertex revision stopped with %1 at insert %2: its frame has no parallel sides; inserts left without "
+    "corner labels: %3": "Eckenkorrektur mit %1 bei Blockreferenz %2 abgebrochen: ihr Rahmen hat keine parallelen "
+    "Seiten; Blockreferenzen ohne benannte Ecken: %3",
+    "Vertex revision reported %1 for insert %2: its frame has only one pair of parallel sides; its corners are "
+    "labelled all the same": "Eckenkorrektur meldet %1 für Blockreferenz %2: ihr Rahmen hat nur ein Paar "
+    "paralleler Seiten; ihre Ecken sind trotzdem benannt",
+    "Vertex revision ended with %1": "Eckenkorrektur endete mit %1",
     # DXF workbench
     "DXF Workbench": "DXF-Werkbank",
     "DXF &file:": "DXF-&Datei:",

@@ -1,14 +1,5 @@
 #include "dxf/DxfConvertCreationAdapter.h"
 
-namespace {
-
-QString text(const std::string& value)
-{
-    return QString::fromStdString(value);
-}
-
-} // namespace
-
 DxfConvertCreationAdapter::DxfConvertCreationAdapter(DxfDrawing& drawing)
     : drawing(drawing)
 { }
@@ -19,15 +10,20 @@ void DxfConvertCreationAdapter::endAttributes()
     polyline = nullptr;
 }
 
+void DxfConvertCreationAdapter::setVariableString(const std::string& key, const std::string& value, int)
+{
+    decoder.SetVariable(key, value);
+}
+
 void DxfConvertCreationAdapter::addLayer(const DL_LayerData& data)
 {
-    drawing.layers.append(text(data.name));
+    drawing.layers.append(decoder.Text(data.name));
 }
 
 void DxfConvertCreationAdapter::addBlock(const DL_BlockData& data)
 {
     endAttributes();
-    drawing.blocks.append(DxfBlock { text(data.name), {} });
+    drawing.blocks.append(DxfBlock { decoder.Text(data.name), {} });
     block = drawing.blocks.size() - 1;
 }
 
@@ -64,13 +60,13 @@ void DxfConvertCreationAdapter::addInsert(const DL_InsertData& data)
     if (block >= 0)
         return;
     DxfInsert entry;
-    entry.blockName = text(data.name);
+    entry.blockName = decoder.Text(data.name);
     // Sheets sit on one or a few layers: converting the name once per run
     // of equal names spares a string per insert and lets them share it.
     const std::string& layer = attributes.getLayer();
     if (layer != lastLayerName || lastLayer.isNull()) {
         lastLayerName = layer;
-        lastLayer = text(layer);
+        lastLayer = decoder.Text(layer);
     }
     entry.layer = lastLayer;
     entry.x = data.ipx;
@@ -83,7 +79,7 @@ void DxfConvertCreationAdapter::addAttribute(const DL_AttributeData& data)
 {
     polyline = nullptr;
     if (insert >= 0)
-        drawing.inserts[insert].attributes.append(qMakePair(text(data.tag), text(data.text)));
+        drawing.inserts[insert].attributes.append(qMakePair(decoder.Text(data.tag), decoder.Text(data.text)));
 }
 
 void DxfConvertCreationAdapter::endSequence()

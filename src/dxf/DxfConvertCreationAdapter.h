@@ -2,6 +2,7 @@
 #define KAMO_TOOLS_DXF_DXFCONVERTCREATIONADAPTER_H
 
 #include "dxf/DxfDrawing.h"
+#include "dxf/DxfTextDecoder.h"
 
 #include <dl_creationadapter.h>
 
@@ -19,6 +20,7 @@ public:
     // `drawing` is not owned and is appended to.
     explicit DxfConvertCreationAdapter(DxfDrawing& drawing);
 
+    void setVariableString(const std::string& key, const std::string& value, int code) override;
     void addLayer(const DL_LayerData& data) override;
     void addBlock(const DL_BlockData& data) override;
     void endBlock() override;
@@ -58,6 +60,7 @@ private:
     void endAttributes();
 
     DxfDrawing& drawing;
+    DxfTextDecoder decoder;
     int block = -1; // index into drawing.blocks while inside a definition
     DxfPolyline* polyline = nullptr;
     int insert = -1; // the insert that takes following attributes

@@ -1,7 +1,19 @@
 #include "DxfOutputCreationAdapter.h"
 
+#include "dxf/PrintfFixed.h"
+
 #include <QCoreApplication>
 #include <QPlainTextEdit>
+
+namespace {
+
+// The listing's "%6.3f".
+QString number(double value)
+{
+    return PrintfFixed(value, 6, 3);
+}
+
+} // namespace
 
 DxfOutputCreationAdapter::DxfOutputCreationAdapter(QPlainTextEdit* output, QObject* context, QString* textSink)
     : output(output)
@@ -30,7 +42,7 @@ void DxfOutputCreationAdapter::Print(const QString& text)
 
 void DxfOutputCreationAdapter::printAttributes()
 {
-    QString line = QString::asprintf("  Attributes: Layer: %s, ", attributes.getLayer().c_str());
+    QString line = QLatin1String("  Attributes: Layer: ") + decoder.Text(attributes.getLayer()) + QLatin1String(", ");
     line += QLatin1String(" Color: ");
     const int color = attributes.getColor();
     if (color == 256)
@@ -38,7 +50,7 @@ void DxfOutputCreationAdapter::printAttributes()
     else if (color == 0)
         line += QLatin1String("BYBLOCK");
     else
-        line += QString::asprintf("%d", color);
+        line += QString::number(color);
     line += QLatin1String(" Width: ");
     const int width = attributes.getWidth();
     if (width == -1)
@@ -48,23 +60,29 @@ void DxfOutputCreationAdapter::printAttributes()
     else if (width == -3)
         line += QLatin1String("DEFAULT");
     else
-        line += QString::asprintf("%d", width);
+        line += QString::number(width);
     // dxflib mostly reports an empty line type as BYLAYER already; not all
     // of its entity readers do.
     const std::string type = attributes.getLinetype();
-    line += QString::asprintf(" Type: %s\n", type.empty() ? "BYLAYER" : type.c_str());
+    line += QLatin1String(" Type: ") + (type.empty() ? QStringLiteral("BYLAYER") : decoder.Text(type))
+        + QLatin1Char('\n');
     Print(line);
+}
+
+void DxfOutputCreationAdapter::setVariableString(const std::string& key, const std::string& value, int)
+{
+    decoder.SetVariable(key, value);
 }
 
 void DxfOutputCreationAdapter::addLayer(const DL_LayerData& data)
 {
-    Print(QString::asprintf("LAYER: %s flags: %d\n", data.name.c_str(), data.flags));
+    Print(QStringLiteral("LAYER: %1 flags: %2\n").arg(decoder.Text(data.name), QString::number(data.flags)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addBlock(const DL_BlockData& data)
 {
-    Print(QString::asprintf("BLOCK: %s flags: %d\n", data.name.c_str(), data.flags));
+    Print(QStringLiteral("BLOCK: %1 flags: %2\n").arg(decoder.Text(data.name), QString::number(data.flags)));
 }
 
 void DxfOutputCreationAdapter::endBlock()
@@ -74,40 +92,44 @@ void DxfOutputCreationAdapter::endBlock()
 
 void DxfOutputCreationAdapter::addPoint(const DL_PointData& data)
 {
-    Print(QString::asprintf("POINT    (%6.3f, %6.3f, %6.3f)\n", data.x, data.y, data.z));
+    Print(QStringLiteral("POINT    (%1, %2, %3)\n").arg(number(data.x), number(data.y), number(data.z)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addLine(const DL_LineData& data)
 {
-    Print(QString::asprintf("LINE     (%6.3f, %6.3f, %6.3f) (%6.3f, %6.3f, %6.3f)\n", data.x1, data.y1, data.z1,
-        data.x2, data.y2, data.z2));
+    Print(
+        QStringLiteral("LINE     (%1, %2, %3) (%4, %5, %6)\n")
+            .arg(number(data.x1), number(data.y1), number(data.z1), number(data.x2), number(data.y2), number(data.z2)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addArc(const DL_ArcData& data)
 {
-    Print(QString::asprintf("ARC      (%6.3f, %6.3f, %6.3f) %6.3f, %6.3f, %6.3f\n", data.cx, data.cy, data.cz,
-        data.radius, data.angle1, data.angle2));
+    Print(QStringLiteral("ARC      (%1, %2, %3) %4, %5, %6\n")
+              .arg(number(data.cx), number(data.cy), number(data.cz), number(data.radius), number(data.angle1),
+                  number(data.angle2)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addCircle(const DL_CircleData& data)
 {
-    Print(QString::asprintf("CIRCLE   (%6.3f, %6.3f, %6.3f) %6.3f\n", data.cx, data.cy, data.cz, data.radius));
+    Print(QStringLiteral("CIRCLE   (%1, %2, %3) %4\n")
+              .arg(number(data.cx), number(data.cy), number(data.cz), number(data.radius)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addPolyline(const DL_PolylineData& data)
 {
     Print(QStringLiteral("POLYLINE \n"));
-    Print(QString::asprintf("flags: %d\n", int(data.flags)));
+    Print(QStringLiteral("flags: %1\n").arg(int(data.flags)));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addVertex(const DL_VertexData& data)
 {
-    Print(QString::asprintf("VERTEX   (%6.3f, %6.3f, %6.3f) %6.3f\n", data.x, data.y, data.z, data.bulge));
+    Print(QStringLiteral("VERTEX   (%1, %2, %3) %4\n")
+              .arg(number(data.x), number(data.y), number(data.z), number(data.bulge)));
     printAttributes();
 }
 
@@ -115,21 +137,22 @@ void DxfOutputCreationAdapter::add3dFace(const DL_3dFaceData& data)
 {
     Print(QStringLiteral("3DFACE\n"));
     for (int i = 0; i < 4; ++i)
-        Print(QString::asprintf("   corner %d: %6.3f %6.3f %6.3f\n", i, data.x[i], data.y[i], data.z[i]));
+        Print(QStringLiteral("   corner %1: %2 %3 %4\n")
+                  .arg(QString::number(i), number(data.x[i]), number(data.y[i]), number(data.z[i])));
     printAttributes();
 }
 
 void DxfOutputCreationAdapter::addText(const DL_TextData& data)
 {
-    Print(QString::asprintf("Text: %s", data.text.c_str()));
+    Print(QLatin1String("Text: ") + decoder.Text(data.text));
 }
 
 void DxfOutputCreationAdapter::addMText(const DL_MTextData& data)
 {
-    Print(QString::asprintf("MText: %s", data.text.c_str()));
+    Print(QLatin1String("MText: ") + decoder.Text(data.text));
 }
 
 void DxfOutputCreationAdapter::addAttribute(const DL_AttributeData& data)
 {
-    Print(QString::asprintf("Attribute: %s", data.text.c_str()));
+    Print(QLatin1String("Attribute: ") + decoder.Text(data.text));
 }

@@ -1,6 +1,8 @@
 #ifndef KAMO_TOOLS_DXF_DXFOUTPUTCREATIONADAPTER_H
 #define KAMO_TOOLS_DXF_DXFOUTPUTCREATIONADAPTER_H
 
+#include "dxf/DxfTextDecoder.h"
+
 #include <dl_creationadapter.h>
 
 #include <QString>
@@ -19,6 +21,7 @@ public:
     // without a widget.
     DxfOutputCreationAdapter(QPlainTextEdit* output, QObject* context, QString* textSink = nullptr);
 
+    void setVariableString(const std::string& key, const std::string& value, int code) override;
     void addLayer(const DL_LayerData& data) override;
     void addBlock(const DL_BlockData& data) override;
     void endBlock() override;
@@ -44,6 +47,7 @@ private:
     QPlainTextEdit* output;
     [[maybe_unused]] QObject* context; // handed in by callers, kept for them
     QString* textSink;
+    DxfTextDecoder decoder;
     const bool* stop = nullptr;
 };
 

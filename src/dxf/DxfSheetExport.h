@@ -16,14 +16,17 @@ public:
     // Labels the frame corners of every used insert whose block holds
     // exactly one polyline, treating the inserts in list order as one route
     // of sheets. The labels go into the block's polyline, so inserts sharing
-    // a block share them too. Returns the lines for the output log: one per
-    // insert whose frame is not exactly one rectangle, naming the insert by
-    // its 0-based position in `drawing.inserts`.
+    // a block share them too; only real corner labels are entered. Returns
+    // the lines for the output log, naming inserts by their 0-based position
+    // in `drawing.inserts`: one per insert whose frame is not exactly one
+    // rectangle, and, when the labelling along the route does not finish,
+    // its error and the inserts it left unlabelled.
     static QStringList CorrectVertexPositions(DxfDrawing& drawing);
 
     // Writes the labelled corners of every used insert with a sheet number
     // and a block with polylines, in list order. The file is replaced only
-    // once it is completely written. `written` (optional) receives the
+    // once it is completely written, except in a folder where no temporary
+    // file can be made: a writable file there is rewritten in place. `written` (optional) receives the
     // number of inserts written; false with a reason in `error` when the
     // file cannot be written.
     static bool ExportGK2(const DxfDrawing& drawing, const QString& file, int* written, QString* error);

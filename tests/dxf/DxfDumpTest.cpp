@@ -23,6 +23,8 @@ private Q_SLOTS:
     void entityText_data();
     void entityText();
     void widgetAndTextAgree();
+    void textByVersionAndCodepage_data();
+    void textByVersionAndCodepage();
     void malformedFileFails_data();
     void malformedFileFails();
     void checkBoundaries_data();
@@ -78,6 +80,64 @@ void DxfDumpTest::widgetAndTextAgree()
     QCOMPARE(edit.toPlainText(), text);
     // Without a widget the dump still reads the whole file.
     QVERIFY2(DxfDump::DumpFile(fixture("drawing.dxf"), nullptr, &error), qPrintable(error));
+}
+
+// How the header's $ACADVER and $DWGCODEPAGE decide the decoding, on a TEXT
+// of raw bytes. The drawings in umlauts-*.dxf cover ANSI_1252 and UTF-8.
+void DxfDumpTest::textByVersionAndCodepage_data()
+{
+    QTest::addColumn<QByteArray>("version");  // empty: not in the header
+    QTest::addColumn<QByteArray>("codepage"); // empty: not in the header
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("no header: ANSI_1252") << QByteArray() << QByteArray()
+                                          << QByteArray("Stra\xdf"
+                                                        "e \x80")
+                                          << "Straße €";
+    QTest::newRow("ANSI_1251") << QByteArray("AC1015") << QByteArray("ANSI_1251") << QByteArray("\xcf\xf0\xe8")
+                               << "При";
+    QTest::newRow("codepage in lower case")
+        << QByteArray("AC1009") << QByteArray("ansi_1250") << QByteArray("\xb9") << "ą";
+    QTest::newRow("unknown codepage: ANSI_1252")
+        << QByteArray("AC1015") << QByteArray("DOS850") << QByteArray("\xfc") << "ü";
+    QTest::newRow("ANSI_932, 0x5C inside a character")
+        << QByteArray("AC1015") << QByteArray("ANSI_932") << QByteArray("\x93\xfa\x95\x5cU+00FC") << "日表U+00FC";
+    QTest::newRow("R2007: UTF-8") << QByteArray("AC1021") << QByteArray("ANSI_1252")
+                                  << QByteArray("Stra\xc3\x9f"
+                                                "e")
+                                  << "Straße";
+    QTest::newRow("R2010 text still in ANSI_1252") << QByteArray("AC1024") << QByteArray("ANSI_1252")
+                                                   << QByteArray("Stra\xdf"
+                                                                 "e")
+                                                   << "Straße";
+    QTest::newRow("escapes") << QByteArray("AC1015") << QByteArray("ANSI_1252")
+                             << QByteArray("\\U+03A9\\U+03a9 \\U+12 \\P \\U+005CU+00FC") << "ΩΩ \\U+12 \\P \\U+00FC";
+}
+
+void DxfDumpTest::textByVersionAndCodepage()
+{
+    QFETCH(QByteArray, version);
+    QFETCH(QByteArray, codepage);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, text);
+
+    QByteArray header;
+    if (!version.isEmpty())
+        header += "  9\n$ACADVER\n  1\n" + version + "\n";
+    if (!codepage.isEmpty())
+        header += "  9\n$DWGCODEPAGE\n  3\n" + codepage + "\n";
+    if (!header.isEmpty())
+        header = "  0\nSECTION\n  2\nHEADER\n" + header + "  0\nENDSEC\n";
+    QTemporaryDir dir;
+    QFile file(dir.filePath("text.dxf"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(header + "  0\nSECTION\n  2\nENTITIES\n  0\nTEXT\n  1\n" + bytes + "\n  0\nENDSEC\n  0\nEOF\n");
+    file.close();
+    QString dump;
+    QString error;
+    QVERIFY2(DxfDump::DumpFileToText(file.fileName(), dump, &error), qPrintable(error));
+    QCOMPARE(dump, "Text: " + text);
 }
 
 void DxfDumpTest::malformedFileFails_data()

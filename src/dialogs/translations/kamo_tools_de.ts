@@ -845,6 +845,18 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
         <source>%1: cannot write the file: %2</source>
         <translation>%1: die Datei kann nicht geschrieben werden: %2</translation>
     </message>
+    <message>
+        <source>Vertex revision reported %1 for insert %2: its frame has only one pair of parallel sides; its corners are labelled all the same</source>
+        <translation>Eckenkorrektur meldet %1 für Blockreferenz %2: ihr Rahmen hat nur ein Paar paralleler Seiten; ihre Ecken sind trotzdem benannt</translation>
+    </message>
+    <message>
+        <source>Vertex revision stopped with %1 at insert %2: its frame has no parallel sides; inserts left without corner labels: %3</source>
+        <translation>Eckenkorrektur mit %1 bei Blockreferenz %2 abgebrochen: ihr Rahmen hat keine parallelen Seiten; Blockreferenzen ohne benannte Ecken: %3</translation>
+    </message>
+    <message>
+        <source>Vertex revision ended with %1</source>
+        <translation>Eckenkorrektur endete mit %1</translation>
+    </message>
 </context>
 <context>
     <name>FieldAssignmentFile</name>

@@ -341,6 +341,9 @@ void KamoToolsCliTest::shapeAndDxfCommands_data()
     QTest::newRow("unknown action") << "dxf list @/drawing.dxf" << 2 << "unknown dxf action 'list'";
     QTest::newRow("inserts") << "dxf inserts @/sheets.dxf" << 0
                              << "2\tBLATT_42\tBLATTSCHNITT\t0.000\t0.000\tBl_Nr=42\n";
+    QTest::newRow("inserts of a drawing in ANSI_1252")
+        << "dxf inserts @/umlauts-r12.dxf" << 0
+        << "1\tBLATT_SÖD\tSTRAßE\t0.000\t0.000\tBL_NR=Söd-2\tMAßSTAB=1:500\tBEMERKUNG=Ω-Prüfung 5 €\n";
     QTest::newRow("gk2 of some blocks") << "dxf gk2 @/sheets.dxf " + QDir::tempPath()
             + "/kamo-cli-test.gk2 --blocks ^BLATT_4[01]$"
                                         << 0 << "Export completed - Inserts written: 2\n";

@@ -124,6 +124,35 @@ def route():
     return doc
 
 
+def umlauts(version):
+    """Two sheets with German names in a drawing of the given version. Up to
+    R2000 ezdxf writes the text in the header's codepage (ANSI_1252), with
+    \\U+XXXX for characters outside it (lower-case hex digits); from R2007
+    on, UTF-8. The two blocks differ only in an umlaut."""
+    doc = ezdxf.new(version)
+    doc.header["$HANDSEED"] = "FFFF"
+    doc.layers.add("STRAßE", color=1)
+    doc.linetypes.add("STRICH_Ü", [0.75, 0.5, -0.25], description="Strich ü")
+    msp = doc.modelspace()
+    attribs = {"layer": "STRAßE"}
+    for name, number, x in [("BLATT_SÜD", "Süd-1", 3512000.0), ("BLATT_SÖD", "Söd-2", 3512380.0)]:
+        block = doc.blocks.new(name)
+        # R12 knows the legacy POLYLINE only.
+        add = block.add_polyline2d if version == "R12" else block.add_lwpolyline
+        add(frame(x, 5812000.0, 400.0, 280.0), close=True, dxfattribs={"linetype": "STRICH_Ü"})
+        insert = msp.add_blockref(name, (0, 0), dxfattribs=attribs)
+        insert.add_attrib("BL_NR", number, (x + 10, 5812010.0), dxfattribs=attribs)
+        insert.add_attrib("MAßSTAB", "1:500", (x + 10, 5812020.0), dxfattribs=attribs)
+    insert.add_attrib("BEMERKUNG", "Ω-Prüfung 5 €", (x + 10, 5812030.0), dxfattribs=attribs)
+    msp.add_text("Straße Ω", dxfattribs={"layer": "STRAßE"})
+    if version != "R12":
+        msp.add_mtext("Brücke Ω", dxfattribs={"layer": "STRAßE"})
+    return doc
+
+
+UMLAUTS = {"umlauts-r12.dxf": "R12", "umlauts-r2000.dxf": "R2000", "umlauts-r2010.dxf": "R2010"}
+
+
 def write_text(name, text):
     with open(path(name), "w", newline="") as file:
         file.write(text)
@@ -135,7 +164,10 @@ def main():
         sheets().saveas(path("sheets.dxf"))
     if not wanted or "route.dxf" in wanted:
         route().saveas(path("route.dxf"))
-    if wanted and not wanted - {"sheets.dxf", "route.dxf"}:
+    for name, version in UMLAUTS.items():
+        if not wanted or name in wanted:
+            umlauts(version).saveas(path(name))
+    if wanted and not wanted - {"sheets.dxf", "route.dxf"} - set(UMLAUTS):
         return
     drawing().saveas(path("drawing.dxf"))
     with open(path("drawing.dxf"), newline="") as file:
