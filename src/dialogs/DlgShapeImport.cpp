@@ -121,8 +121,8 @@ DlgShapeImport::DlgShapeImport(QWidget* parent)
         &DlgShapeImport::OnSelectImportFileGeoSystemClicked);
     connect(ui->btnSelectProjectGeoSystem, &QAbstractButton::clicked, this,
         &DlgShapeImport::OnSelectProjectGeoSystemClicked);
-    connect(ui->edtShapeFile, &QLineEdit::editingFinished, this, &DlgShapeImport::loadTable);
-    connect(ui->edtShapeDbFile, &QLineEdit::editingFinished, this, &DlgShapeImport::loadTable);
+    connect(ui->edtShapeFile, &QLineEdit::editingFinished, this, &DlgShapeImport::reloadIfFilesChanged);
+    connect(ui->edtShapeDbFile, &QLineEdit::editingFinished, this, &DlgShapeImport::reloadIfFilesChanged);
     connect(ui->buttonBox, &QDialogButtonBox::accepted, this, &DlgShapeImport::OnAccepted);
     connect(ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -419,12 +419,22 @@ void DlgShapeImport::OnImportModeChanged(int mode)
     updateState();
 }
 
+void DlgShapeImport::reloadIfFilesChanged()
+{
+    // Every focus loss ends an editing, also the one OK causes; a reload
+    // then would put back the assignments saved last time.
+    if (GetShapeFilename() != loadedShapeFile || GetEffectiveShapeDbFilename() != loadedShapeDbFile)
+        loadTable();
+}
+
 void DlgShapeImport::loadTable()
 {
     QTreeWidget* tree = ui->twFieldAssignment;
     tree->clear();
     shapeReadable = false;
     const QString shapeFile = GetShapeFilename();
+    loadedShapeFile = shapeFile;
+    loadedShapeDbFile = GetEffectiveShapeDbFilename();
     QString info;
     if (!shapeFile.isEmpty()) {
         ShapeFileReader shapes;

@@ -110,6 +110,7 @@ private:
     void applyAssignments(const QMap<QString, int>& assignments, bool report);
     void buildChoiceLists();
     void loadTable();
+    void reloadIfFilesChanged();
     void rememberFile(const QString& file);
     QString startFolder() const;
     void saveSettings();
@@ -128,7 +129,9 @@ private:
     ShapePreviewWidget* preview = nullptr;
     AttributeTableModel* attributes = nullptr;
     bool shapeReadable = false;
-    QString prjCheckedFor; // the shape file whose ".prj" was looked at
+    QString prjCheckedFor;   // the shape file whose ".prj" was looked at
+    QString loadedShapeFile; // the files the table and choices were built for
+    QString loadedShapeDbFile;
 };
 
 #endif

@@ -7,6 +7,8 @@
 
 #include <QComboBox>
 #include <QFile>
+#include <QFocusEvent>
+#include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -64,6 +66,8 @@ private Q_SLOTS:
     void importedAssignments();
     void exportThenImportGivesTheChoicesBack();
     void laterColumnWinsInTheFieldManager();
+    void focusLossKeepsTheAssignments_data();
+    void focusLossKeepsTheAssignments();
     void fileSystemComesFromItsProjection();
     void facadeImportsWhatWasChosen();
 };
@@ -176,6 +180,44 @@ void DlgShapeImportTest::laterColumnWinsInTheFieldManager()
     manager.SetAssignment(20, "KEPT");
     facade.SaveToImportFieldManager(&manager);
     QCOMPARE(manager.GetAssignments(), (QMap<int, QString> { { 10, "BLATT2" }, { 20, "KEPT" } }));
+}
+
+void DlgShapeImportTest::focusLossKeepsTheAssignments_data()
+{
+    QTest::addColumn<QString>("table"); // chosen beside the shape file
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("text"); // empty: left as it was
+    QTest::addColumn<QStringList>("shown");
+    const QStringList chosen { "BLATTNR=SheetNr", "BLATT2=-", "MASSSTAB=SheetScale" };
+    QTest::newRow("shape file left") << ""
+                                     << "edtShapeFile"
+                                     << "" << chosen;
+    // An empty field does not report its end of editing.
+    QTest::newRow("attribute table left") << data("sheets.dbf") << "edtShapeDbFile"
+                                          << "" << chosen;
+    QTest::newRow("another file brings its table")
+        << ""
+        << "edtShapeFile" << data("districts.shp") << QStringList { "FLSTKENNZ=-" };
+}
+
+void DlgShapeImportTest::focusLossKeepsTheAssignments()
+{
+    QFETCH(QString, table);
+    QFETCH(QString, field);
+    QFETCH(QString, text);
+    QFETCH(QStringList, shown);
+    DlgShapeImport dialog;
+    dialog.SetShapeFilename(data("sheets.shp"));
+    dialog.SetShapeDbFilename(table);
+    choose(dialog, 0, "SheetNr");
+    choose(dialog, 2, "SheetScale");
+    auto* edit = child<QLineEdit>(&dialog, qPrintable(field));
+    if (!text.isEmpty())
+        edit->setText(text);
+    // What OK or a click elsewhere does to the field holding the cursor.
+    QFocusEvent leave(QEvent::FocusOut, Qt::MouseFocusReason);
+    QApplication::sendEvent(edit, &leave);
+    QCOMPARE(choicesShown(dialog), shown);
 }
 
 void DlgShapeImportTest::fileSystemComesFromItsProjection()
