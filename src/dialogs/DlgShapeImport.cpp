@@ -185,6 +185,9 @@ void DlgShapeImport::Initialize()
         ui->edtPageAdditionalText->setText(value.toString());
     if ((value = stored(KeyDefaultVariant, QString())).isValid())
         ui->edtDefaultVariant->setText(value.toString());
+    // A file the host named was looked at before the remembered system came
+    // back; its projection has to win again.
+    prjCheckedFor.clear();
     showGeoSystems();
     loadTable();
 }

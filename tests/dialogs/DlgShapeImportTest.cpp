@@ -68,6 +68,7 @@ private Q_SLOTS:
     void laterColumnWinsInTheFieldManager();
     void focusLossKeepsTheAssignments_data();
     void focusLossKeepsTheAssignments();
+    void fileSystemComesFromItsProjection_data();
     void fileSystemComesFromItsProjection();
     void facadeImportsWhatWasChosen();
 };
@@ -220,16 +221,42 @@ void DlgShapeImportTest::focusLossKeepsTheAssignments()
     QCOMPARE(choicesShown(dialog), shown);
 }
 
+void DlgShapeImportTest::fileSystemComesFromItsProjection_data()
+{
+    QTest::addColumn<QString>("stored"); // remembered from the last import
+    QTest::addColumn<QString>("preset"); // set by the host
+    QTest::addColumn<QString>("system");
+    QTest::newRow("from the projection") << ""
+                                         << ""
+                                         << "EPSG:31467";
+    QTest::newRow("host preset wins") << ""
+                                      << "EPSG:25832"
+                                      << "EPSG:25832";
+    QTest::newRow("projection beats the remembered system") << "EPSG:4326"
+                                                            << ""
+                                                            << "EPSG:31467";
+    QTest::newRow("host preset beats both") << "EPSG:4326"
+                                            << "EPSG:25832"
+                                            << "EPSG:25832";
+}
+
 void DlgShapeImportTest::fileSystemComesFromItsProjection()
 {
-    DlgShapeImport found;
-    found.SetShapeFilename(data("sheets.shp"));
-    QCOMPARE(found.GetGeoSystemForImportFile().ToString(), "EPSG:31467");
-
-    DlgShapeImport preset;
-    preset.SetGeoSystemForImportFile(GeoSystemSettings::FromEpsg(25832));
-    preset.SetShapeFilename(data("sheets.shp"));
-    QCOMPARE(preset.GetGeoSystemForImportFile().ToString(), "EPSG:25832");
+    QFETCH(QString, stored);
+    QFETCH(QString, preset);
+    QFETCH(QString, system);
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath("s.ini"), QSettings::IniFormat);
+    if (!stored.isEmpty())
+        settings.setValue("DlgShapeImport/ImportFileGeoSystem", stored);
+    DlgShapeImport dialog;
+    dialog.SetSettings(&settings);
+    if (!preset.isEmpty())
+        dialog.SetGeoSystemForImportFile(GeoSystemSettings::FromDefinition(preset));
+    // The host names the file before Initialize, as it usually does.
+    dialog.SetShapeFilename(data("sheets.shp"));
+    dialog.Initialize();
+    QCOMPARE(dialog.GetGeoSystemForImportFile().ToString(), system);
 }
 
 void DlgShapeImportTest::facadeImportsWhatWasChosen()
