@@ -85,9 +85,10 @@ protected:
     bool ConvertPoints(QVector<QPointF>& points, int record);
 
     // The rings of a polygon object in the project's geo system, turned to
-    // the host's sense: outer rings counter-clockwise, holes clockwise (a
-    // shape file has it the other way round). Rings without area are
-    // dropped. False when a point cannot be converted.
+    // the host's sense: outer rings counter-clockwise, holes (rings inside
+    // an odd number of others) clockwise, whatever sense the file gave
+    // them. Rings without area are dropped. False when a point cannot be
+    // converted.
     bool ReadRings(const ShapeObject& object, QList<QVector<PointF>>& rings);
 
     QString shapeFilename;
