@@ -151,6 +151,10 @@ void ShapeReadingTest::textIsDecodedAndTrimmed_data()
                                    << "Hauptstraße";
     QTest::newRow("number without value") << "buildings" << 3 << "HNR"
                                           << "";
+    QTest::newRow("decimal number without value") << "stars" << 0 << "BETRAG"
+                                                  << "";
+    QTest::newRow("stars in a text column") << "stars" << 0 << "KLASSE"
+                                            << "***";
     QTest::newRow("leading zero kept") << "buildings" << 3 << "E_PLZ"
                                        << "01067";
     QTest::newRow("UTF-8 by its code page file") << "routes" << 1 << "NAME"
