@@ -18,6 +18,7 @@
 
 class DlgShapeImport;
 class ImportFieldManager;
+class ImportSheetDataFromShapeFile;
 class QSettings;
 class QWidget;
 
@@ -81,7 +82,7 @@ public:
     DlgShapeImport* GetDialog() const { return dialog; }
 
 private:
-    bool import(const QString& shapeFile, const QString& dbFile);
+    bool import(const QString& shapeFile, const QString& dbFile, ImportSheetDataFromShapeFile& sheets);
 
     QWidget* parent;
     QSettings* settings;

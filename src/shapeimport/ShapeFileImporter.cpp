@@ -105,9 +105,10 @@ bool ShapeFileImporter::ReadObjects(
     const QByteArray dbPath = QFile::encodeName(dbFile);
 
     dbReader->Close();
-    if (!dbFile.isEmpty())
-        dbReader->Open(dbPath);
-    fieldManager->SetDbFileReader(dbReader.get());
+    // Without a table no attribute can be read, which is not the same as
+    // an empty one: the sheet import numbers such sheets by record.
+    const bool tableOpen = !dbFile.isEmpty() && dbReader->Open(dbPath) == 0;
+    fieldManager->SetDbFileReader(tableOpen ? dbReader.get() : nullptr);
 
     if (shapeReader->Open(shapePath) != 0) {
         lastErrorMessage = QCoreApplication::translate("ShapeFileImporter", "Error opening shape file");

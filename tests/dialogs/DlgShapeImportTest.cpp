@@ -281,8 +281,11 @@ void DlgShapeImportTest::facadeImportsWhatWasChosen()
     facade.GetScalesMap(scales);
     QCOMPARE(scales.keys(), (QList<int> { 0, 1000, 2500, 5000 }));
     QCOMPARE(scales.value(2500).keys(), (QStringList { "42", "46" }));
-    // The second file has no table: its sheets are numbered by record.
-    QCOMPARE(scales.value(0).keys(), (QStringList { "leer1", "leer2", "leer4" }));
+    // The second file has no table: its sheets are numbered by record; the
+    // first one's empty number stays empty.
+    QCOMPARE(scales.value(0).keys(), (QStringList { "", "leer1", "leer2" }));
+    QCOMPARE(facade.GetWarnings(),
+        QStringList { data("sheets.shp") + ": Object 6 replaces the earlier sheet \"42\" at scale 2500" });
 
     // The values count for the next opening, the assignments with them.
     QCOMPARE(settings.value("DlgShapeImport/ScaleImportMode").toInt(), 1);

@@ -897,6 +897,13 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
     </message>
 </context>
 <context>
+    <name>ImportSheetDataFromShapeFile</name>
+    <message>
+        <source>Object %1 replaces the earlier sheet &quot;%2&quot; at scale %3</source>
+        <translation>Objekt %1 ersetzt das frühere Blatt „%2“ im Maßstab %3</translation>
+    </message>
+</context>
+<context>
     <name>ShapeFieldImport</name>
     <message>
         <source>Id</source>
