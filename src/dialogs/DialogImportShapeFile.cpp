@@ -147,22 +147,25 @@ bool DialogImportShapeFile::Execute()
     // One sheet import for all files, so that a sheet of a later file that
     // replaces one of an earlier file is reported like one within a file.
     ImportSheetDataFromShapeFile sheets;
-    // Only the first file can have an attribute table chosen for it.
-    bool ok = true;
-    for (int i = 0; i < files.size() && ok; ++i) {
+    // A file that fails does not stop the others: what they hold is the
+    // user's work as much. Only the first file can have an attribute table
+    // chosen for it.
+    QStringList failures;
+    for (int i = 0; i < files.size(); ++i) {
         progress.setLabelText(QDir::toNativeSeparators(files.at(i)));
         progress.setValue(i);
         QApplication::setOverrideCursor(Qt::WaitCursor);
-        ok = import(files.at(i), i == 0 ? dialog->GetShapeDbFilename() : QString(), sheets);
+        if (!import(files.at(i), i == 0 ? dialog->GetShapeDbFilename() : QString(), sheets))
+            failures.append(lastError);
         QApplication::restoreOverrideCursor();
     }
     sheets.GetScalesMap(scalesMap);
     progress.setValue(files.size());
-    if (!ok) {
-        QMessageBox::warning(parent, QCoreApplication::translate("DlgShapeImport", "Shape File Import"), lastError);
-        return false;
-    }
-    return true;
+    if (failures.isEmpty())
+        return true;
+    lastError = failures.join(QLatin1Char('\n'));
+    QMessageBox::warning(parent, QCoreApplication::translate("DlgShapeImport", "Shape File Import"), lastError);
+    return failures.size() < files.size();
 }
 
 bool DialogImportShapeFile::import(

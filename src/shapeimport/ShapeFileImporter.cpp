@@ -103,6 +103,8 @@ bool ShapeFileImporter::ReadObjects(
     // would miss every name with an umlaut on a UTF-8 system.
     const QByteArray shapePath = QFile::encodeName(shapeFile);
     const QByteArray dbPath = QFile::encodeName(dbFile);
+    // An importer read again must not pass on the warnings of its last file.
+    warnings.clear();
 
     dbReader->Close();
     // Without a table no attribute can be read, which is not the same as
@@ -115,7 +117,6 @@ bool ShapeFileImporter::ReadObjects(
         return false;
     }
 
-    warnings.clear();
     convert = !projectGeoSystem.IsEqual(importFileGeoSystem);
     ShapeObject object;
     const int count = shapeReader->GetEntityCount();

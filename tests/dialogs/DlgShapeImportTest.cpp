@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -266,7 +267,8 @@ void DlgShapeImportTest::facadeImportsWhatWasChosen()
     DialogImportShapeFile facade(nullptr, &settings);
     facade.SetImportMode(DialogImportShapeFile::imSheets);
     facade.SetShapeFilename(data("sheets.shp"));
-    facade.SetFilesToProcess({ data("nodbf.shp") });
+    // A file that fails stops none of the others, and each is reported.
+    facade.SetFilesToProcess({ data("missing.shp"), data("nodbf.shp"), data("corrupt/tiny.shp") });
     facade.Initialize();
     ModalDriver driver;
     driver.Expect("DlgShapeImport", [](QWidget* window) {
@@ -276,7 +278,16 @@ void DlgShapeImportTest::facadeImportsWhatWasChosen()
         dialog->SetScaleImportMode(ImportSheetDataFromShapeFile::ssimFromTable);
         dialog->OnAccepted();
     });
+    QString report;
+    driver.Expect("QMessageBox", [&report](QWidget* box) {
+        report = static_cast<QMessageBox*>(box)->text();
+        static_cast<QMessageBox*>(box)->accept();
+    });
     QVERIFY(facade.Execute());
+    const QString failures = data("missing.shp") + ": Error opening shape file\n" + data("corrupt/tiny.shp")
+        + ": Error opening shape file";
+    QCOMPARE(facade.GetLastErrorMessage(), failures);
+    QVERIFY2(report.contains(failures), qPrintable(report));
     QMap<int, QMap<QString, QList<PointF>>> scales;
     facade.GetScalesMap(scales);
     QCOMPARE(scales.keys(), (QList<int> { 0, 1000, 2500, 5000 }));
