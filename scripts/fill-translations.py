@@ -58,6 +58,8 @@ GERMAN = {
     "File": "Datei",
     "Project": "Projekt",
     "Only objects within the project areas": "Nur Objekte in den Projektgebieten",
+    "no point": "kein Punkt",
+    "no scale": "kein Maßstab",
     "Field assignment": "Feldzuordnung",
     "Column": "Spalte",
     "Type": "Art",

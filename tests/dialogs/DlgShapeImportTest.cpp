@@ -72,6 +72,8 @@ private Q_SLOTS:
     void fileSystemComesFromItsProjection_data();
     void fileSystemComesFromItsProjection();
     void facadeImportsWhatWasChosen();
+    void hostValuesReachTheImporterUnchanged_data();
+    void hostValuesReachTheImporterUnchanged();
 };
 
 void DlgShapeImportTest::choiceListsFollowTheImporter_data()
@@ -304,6 +306,42 @@ void DlgShapeImportTest::facadeImportsWhatWasChosen()
     next.Initialize();
     QCOMPARE(next.GetShapeFilename(), data("sheets.shp"));
     QCOMPARE(choicesShown(*next.GetDialog()), (QStringList { "BLATTNR=SheetNr", "BLATT2=-", "MASSSTAB=SheetScale" }));
+}
+
+void DlgShapeImportTest::hostValuesReachTheImporterUnchanged_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("index1");
+    QTest::addColumn<int>("index2");
+    QTest::addColumn<int>("scale");
+    QTest::addColumn<QList<int>>("scales"); // that the import fills
+    // -1 means no point, an unknown mode no points at all: no sheet.
+    QTest::newRow("no first point") << 1 << -1 << 2 << 1000 << QList<int> {};
+    QTest::newRow("no second point") << 1 << 0 << -1 << 1000 << QList<int> {};
+    QTest::newRow("unknown point mode") << 2 << 0 << 2 << 1000 << QList<int> {};
+    QTest::newRow("scale 0") << 0 << 0 << 2 << 0 << QList<int> { 0 };
+}
+
+void DlgShapeImportTest::hostValuesReachTheImporterUnchanged()
+{
+    QFETCH(int, mode);
+    QFETCH(int, index1);
+    QFETCH(int, index2);
+    QFETCH(int, scale);
+    QFETCH(QList<int>, scales);
+    DialogImportShapeFile facade(nullptr, nullptr);
+    facade.SetShapeFilename(data("sheets.shp"));
+    facade.SetPointSelectMode(mode);
+    facade.SetIndexForPoint1(index1);
+    facade.SetIndexForPoint2(index2);
+    facade.SetFixedScale(scale);
+    facade.Initialize();
+    ModalDriver driver;
+    driver.Expect("DlgShapeImport", [](QWidget* window) { static_cast<DlgShapeImport*>(window)->OnAccepted(); });
+    QVERIFY(facade.Execute());
+    QMap<int, QMap<QString, QList<PointF>>> imported;
+    facade.GetScalesMap(imported);
+    QCOMPARE(imported.keys(), scales);
 }
 
 QTEST_MAIN(DlgShapeImportTest)

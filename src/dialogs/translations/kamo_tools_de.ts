@@ -803,6 +803,14 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
         <source>%1 is assigned to %2; the last of them counts.</source>
         <translation>%1 ist %2 zugeordnet; die letzte Spalte gilt.</translation>
     </message>
+    <message>
+        <source>no point</source>
+        <translation>kein Punkt</translation>
+    </message>
+    <message>
+        <source>no scale</source>
+        <translation>kein Maßstab</translation>
+    </message>
 </context>
 <context>
     <name>DxfDump</name>
