@@ -197,9 +197,11 @@ void DlgShapeImport::Initialize()
         ui->edtPageAdditionalText->setText(value.toString());
     if ((value = stored(KeyDefaultVariant, QString())).isValid())
         ui->edtDefaultVariant->setText(value.toString());
-    // A file the host named was looked at before the remembered system came
-    // back; its projection has to win again.
-    prjCheckedFor.clear();
+    // The remembered system was chosen with the remembered file, maybe over
+    // its projection, and stays with it. A file the host named was looked
+    // at before the remembered system came back: its projection wins again.
+    const bool keepRemembered = !presetKeys.contains(KeyShapeFile) && !importFileGeoSystem.IsNull();
+    prjCheckedFor = keepRemembered ? GetShapeFilename() : QString();
     showGeoSystems();
     loadTable();
 }

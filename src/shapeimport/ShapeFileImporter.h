@@ -72,10 +72,10 @@ protected:
     // shape file.
     QString EffectiveShapeDbFilename() const;
 
-    // The read loop every import runs: opens the table (a table that does
-    // not open reads as empty) and the shape file, then hands each entity
-    // in file order to `process`. False with the error text when the shape
-    // file does not open.
+    // The read loop every import runs: opens the table (without one that
+    // opens no attribute can be read, and every read answers false) and
+    // the shape file, then hands each entity in file order to `process`.
+    // False with the error text when the shape file does not open.
     bool ReadObjects(
         const QString& shapeFile, const QString& dbFile, const std::function<void(const ShapeObject&)>& process);
 

@@ -226,38 +226,41 @@ void DlgShapeImportTest::focusLossKeepsTheAssignments()
 
 void DlgShapeImportTest::fileSystemComesFromItsProjection_data()
 {
-    QTest::addColumn<QString>("stored"); // remembered from the last import
-    QTest::addColumn<QString>("preset"); // set by the host
+    QTest::addColumn<QString>("stored");     // remembered with sheets.shp from the last import
+    QTest::addColumn<bool>("hostNamesFile"); // or it comes back from the last import
+    QTest::addColumn<QString>("preset");     // set by the host
     QTest::addColumn<QString>("system");
-    QTest::newRow("from the projection") << ""
-                                         << ""
+    QTest::newRow("from the projection") << "" << true << ""
                                          << "EPSG:31467";
-    QTest::newRow("host preset wins") << ""
-                                      << "EPSG:25832"
+    QTest::newRow("host preset wins") << "" << true << "EPSG:25832"
                                       << "EPSG:25832";
-    QTest::newRow("projection beats the remembered system") << "EPSG:4326"
-                                                            << ""
+    QTest::newRow("projection beats the remembered system") << "EPSG:4326" << true << ""
                                                             << "EPSG:31467";
-    QTest::newRow("host preset beats both") << "EPSG:4326"
-                                            << "EPSG:25832"
+    QTest::newRow("host preset beats both") << "EPSG:4326" << true << "EPSG:25832"
                                             << "EPSG:25832";
+    // The user may have overruled the projection for this very file.
+    QTest::newRow("remembered file keeps its system") << "EPSG:4326" << false << ""
+                                                      << "EPSG:4326";
 }
 
 void DlgShapeImportTest::fileSystemComesFromItsProjection()
 {
     QFETCH(QString, stored);
+    QFETCH(bool, hostNamesFile);
     QFETCH(QString, preset);
     QFETCH(QString, system);
     QTemporaryDir dir;
     QSettings settings(dir.filePath("s.ini"), QSettings::IniFormat);
+    settings.setValue("DlgShapeImport/ShapeFile", data("sheets.shp"));
     if (!stored.isEmpty())
         settings.setValue("DlgShapeImport/ImportFileGeoSystem", stored);
     DlgShapeImport dialog;
     dialog.SetSettings(&settings);
     if (!preset.isEmpty())
         dialog.SetGeoSystemForImportFile(GeoSystemSettings::FromDefinition(preset));
-    // The host names the file before Initialize, as it usually does.
-    dialog.SetShapeFilename(data("sheets.shp"));
+    // Before Initialize, as the host does it.
+    if (hostNamesFile)
+        dialog.SetShapeFilename(data("sheets.shp"));
     dialog.Initialize();
     QCOMPARE(dialog.GetGeoSystemForImportFile().ToString(), system);
 }
