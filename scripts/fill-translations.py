@@ -16,6 +16,7 @@ GERMAN = {
     # Shape import
     "Error opening shape file": "Fehler beim Öffnen der Shape-Datei",
     "Object %1 left out: %2": "Objekt %1 ausgelassen: %2",
+    'Object %1 replaces the earlier sheet "%2" at scale %3': "Objekt %1 ersetzt das frühere Blatt „%2“ im Maßstab %3",
     "The file cannot be opened": "Die Datei kann nicht geöffnet werden",
     "The file is empty": "Die Datei ist leer",
     "The file holds no field assignments (not JSON)": "Die Datei enthält keine Feldzuordnungen (kein JSON)",
@@ -57,6 +58,8 @@ GERMAN = {
     "File": "Datei",
     "Project": "Projekt",
     "Only objects within the project areas": "Nur Objekte in den Projektgebieten",
+    "no point": "kein Punkt",
+    "no scale": "kein Maßstab",
     "Field assignment": "Feldzuordnung",
     "Column": "Spalte",
     "Type": "Art",

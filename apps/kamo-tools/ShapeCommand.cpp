@@ -19,6 +19,7 @@
 #include <QTextStream>
 
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <memory>
 
@@ -59,9 +60,15 @@ QByteArray jsonString(const QString& text)
     return json + '"';
 }
 
-// The shortest text that reads back as the same double.
+// The shortest text that reads back as the same double. JSON has no NaN or
+// infinity: such a coordinate (a damaged file holds them) becomes null, as
+// QJsonDocument writes it for the other kinds.
 void appendNumber(QByteArray& json, double value)
 {
+    if (!std::isfinite(value)) {
+        json += "null";
+        return;
+    }
     char buffer[32];
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
     json.append(buffer, int(end - buffer));

@@ -143,24 +143,32 @@ bool DialogImportShapeFile::Execute()
     progress.setCancelButton(nullptr);
     progress.setWindowTitle(QCoreApplication::translate("DlgShapeImport", "Shape File Import"));
     progress.setMaximum(files.size());
-    // Only the first file can have an attribute table chosen for it.
-    bool ok = true;
-    for (int i = 0; i < files.size() && ok; ++i) {
+    // One sheet import for all files, so that a sheet of a later file that
+    // replaces one of an earlier file is reported like one within a file.
+    ImportSheetDataFromShapeFile sheets;
+    // A file that fails does not stop the others: what they hold is the
+    // user's work as much. Only the first file can have an attribute table
+    // chosen for it.
+    QStringList failures;
+    for (int i = 0; i < files.size(); ++i) {
         progress.setLabelText(QDir::toNativeSeparators(files.at(i)));
         progress.setValue(i);
         QApplication::setOverrideCursor(Qt::WaitCursor);
-        ok = import(files.at(i), i == 0 ? dialog->GetShapeDbFilename() : QString());
+        if (!import(files.at(i), i == 0 ? dialog->GetShapeDbFilename() : QString(), sheets))
+            failures.append(lastError);
         QApplication::restoreOverrideCursor();
     }
+    sheets.GetScalesMap(scalesMap);
     progress.setValue(files.size());
-    if (!ok) {
-        QMessageBox::warning(parent, QCoreApplication::translate("DlgShapeImport", "Shape File Import"), lastError);
-        return false;
-    }
-    return true;
+    if (failures.isEmpty())
+        return true;
+    lastError = failures.join(QLatin1Char('\n'));
+    QMessageBox::warning(parent, QCoreApplication::translate("DlgShapeImport", "Shape File Import"), lastError);
+    return failures.size() < files.size();
 }
 
-bool DialogImportShapeFile::import(const QString& shapeFile, const QString& dbFile)
+bool DialogImportShapeFile::import(
+    const QString& shapeFile, const QString& dbFile, ImportSheetDataFromShapeFile& sheets)
 {
     const auto configure = [&](ShapeFileImporter& importer) {
         importer.SetShapeFilename(shapeFile);
@@ -173,7 +181,9 @@ bool DialogImportShapeFile::import(const QString& shapeFile, const QString& dbFi
         SaveToImportFieldManager(importer.GetImportFieldManager());
     };
     const auto finish = [&](const ShapeFileImporter& importer, bool ok) {
-        warnings += importer.GetWarnings();
+        for (const QString& warning : importer.GetWarnings())
+            warnings.append(QCoreApplication::translate("DlgShapeImport", "%1: %2")
+                                .arg(QDir::toNativeSeparators(shapeFile), warning));
         if (!ok) {
             lastError = QCoreApplication::translate("DlgShapeImport", "%1: %2")
                             .arg(QDir::toNativeSeparators(shapeFile), importer.GetLastErrorMessage());
@@ -206,22 +216,15 @@ bool DialogImportShapeFile::import(const QString& shapeFile, const QString& dbFi
         return finish(importer, ok);
     }
     default: {
-        ImportSheetDataFromShapeFile importer;
-        configure(importer);
-        importer.SetCorrectVertexOrder(dialog->GetCorrectVertexOrder());
-        importer.SetPointSelectMode(dialog->GetPointSelectMode());
-        importer.SetIndexForPoint1(dialog->GetIndexForPoint1());
-        importer.SetIndexForPoint2(dialog->GetIndexForPoint2());
-        importer.SetScaleImportMode(dialog->GetScaleImportMode());
-        importer.SetFixedScale(dialog->GetFixedScale());
-        const bool ok = importer.Execute();
-        QMap<int, QMap<QString, QList<PointF>>> scales;
-        importer.GetScalesMap(scales);
-        for (auto scale = scales.cbegin(); scale != scales.cend(); ++scale) {
-            for (auto sheet = scale->cbegin(); sheet != scale->cend(); ++sheet)
-                scalesMap[scale.key()].insert(sheet.key(), sheet.value());
-        }
-        return finish(importer, ok);
+        configure(sheets);
+        sheets.SetCorrectVertexOrder(dialog->GetCorrectVertexOrder());
+        sheets.SetPointSelectMode(dialog->GetPointSelectMode());
+        sheets.SetIndexForPoint1(dialog->GetIndexForPoint1());
+        sheets.SetIndexForPoint2(dialog->GetIndexForPoint2());
+        sheets.SetScaleImportMode(dialog->GetScaleImportMode());
+        sheets.SetFixedScale(dialog->GetFixedScale());
+        // Adds to the scales map of the files before.
+        return finish(sheets, sheets.Execute());
     }
     }
 }

@@ -18,6 +18,7 @@
 
 class DlgShapeImport;
 class ImportFieldManager;
+class ImportSheetDataFromShapeFile;
 class QSettings;
 class QWidget;
 
@@ -63,8 +64,9 @@ public:
     // Puts the dialog into its stored state, then applies the presets.
     void Initialize();
     // Shows the dialog; on OK imports every file to process under a
-    // progress dialog. False when cancelled or an import failed (the
-    // message was shown).
+    // progress dialog. Files that fail are shown in one message and named
+    // in GetLastErrorMessage, one line each; the others are imported all
+    // the same. False when cancelled or when no file could be imported.
     bool Execute();
 
     // The assigned columns of the dialog's tree, in tree order; a later
@@ -81,7 +83,7 @@ public:
     DlgShapeImport* GetDialog() const { return dialog; }
 
 private:
-    bool import(const QString& shapeFile, const QString& dbFile);
+    bool import(const QString& shapeFile, const QString& dbFile, ImportSheetDataFromShapeFile& sheets);
 
     QWidget* parent;
     DlgShapeImport* dialog;

@@ -26,6 +26,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
+#include <QSignalBlocker>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -85,9 +87,20 @@ DlgShapeImport::DlgShapeImport(QWidget* parent)
 {
     ui->setupUi(this);
     // Two choices in one grid: the groups keep points and scale apart.
-    auto* points = new QButtonGroup(this);
-    points->addButton(ui->rbtnPointsAutomatic, ImportSheetDataFromShapeFile::spsmAutomatic);
-    points->addButton(ui->rbtnPointsManual, ImportSheetDataFromShapeFile::spsmManual);
+    pointButtons = new QButtonGroup(this);
+    pointButtons->addButton(ui->rbtnPointsAutomatic, ImportSheetDataFromShapeFile::spsmAutomatic);
+    pointButtons->addButton(ui->rbtnPointsManual, ImportSheetDataFromShapeFile::spsmManual);
+    // What the user picks replaces what the host set.
+    connect(pointButtons, &QButtonGroup::idToggled, this, [this](int mode, bool checked) {
+        if (checked)
+            pointSelectMode = mode;
+    });
+    connect(ui->sbxPointIndex1, QOverload<int>::of(&QSpinBox::valueChanged), this,
+        [this](int index) { indexForPoint1 = index; });
+    connect(ui->sbxPointIndex2, QOverload<int>::of(&QSpinBox::valueChanged), this,
+        [this](int index) { indexForPoint2 = index; });
+    connect(ui->sbxFixedScale, QOverload<int>::of(&QSpinBox::valueChanged), this,
+        [this](int scale) { fixedScale = scale; });
     auto* scale = new QButtonGroup(this);
     scale->addButton(ui->rbtnFixedScale, ImportSheetDataFromShapeFile::ssimFixed);
     scale->addButton(ui->rbtnScaleFromTable, ImportSheetDataFromShapeFile::ssimFromTable);
@@ -121,8 +134,8 @@ DlgShapeImport::DlgShapeImport(QWidget* parent)
         &DlgShapeImport::OnSelectImportFileGeoSystemClicked);
     connect(ui->btnSelectProjectGeoSystem, &QAbstractButton::clicked, this,
         &DlgShapeImport::OnSelectProjectGeoSystemClicked);
-    connect(ui->edtShapeFile, &QLineEdit::editingFinished, this, &DlgShapeImport::loadTable);
-    connect(ui->edtShapeDbFile, &QLineEdit::editingFinished, this, &DlgShapeImport::loadTable);
+    connect(ui->edtShapeFile, &QLineEdit::editingFinished, this, &DlgShapeImport::reloadIfFilesChanged);
+    connect(ui->edtShapeDbFile, &QLineEdit::editingFinished, this, &DlgShapeImport::reloadIfFilesChanged);
     connect(ui->buttonBox, &QDialogButtonBox::accepted, this, &DlgShapeImport::OnAccepted);
     connect(ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -170,21 +183,25 @@ void DlgShapeImport::Initialize()
     if ((value = stored(KeyCorrectVertexOrder, false)).isValid())
         ui->chkCorrectVertexOrder->setChecked(value.toBool());
     if ((value = stored(KeyPointSelectMode, 0)).isValid())
-        (value.toInt() == ImportSheetDataFromShapeFile::spsmManual ? ui->rbtnPointsManual : ui->rbtnPointsAutomatic)
-            ->setChecked(true);
+        showPointSelectMode(value.toInt());
     if ((value = stored(KeyIndexForPoint1, 0)).isValid())
-        ui->sbxPointIndex1->setValue(value.toInt());
+        showSpinValue(ui->sbxPointIndex1, indexForPoint1, value.toInt());
     if ((value = stored(KeyIndexForPoint2, 2)).isValid())
-        ui->sbxPointIndex2->setValue(value.toInt());
+        showSpinValue(ui->sbxPointIndex2, indexForPoint2, value.toInt());
     if ((value = stored(KeyScaleImportMode, 0)).isValid())
         (value.toInt() == ImportSheetDataFromShapeFile::ssimFixed ? ui->rbtnFixedScale : ui->rbtnScaleFromTable)
             ->setChecked(true);
     if ((value = stored(KeyFixedScale, 1000)).isValid())
-        ui->sbxFixedScale->setValue(value.toInt());
+        showSpinValue(ui->sbxFixedScale, fixedScale, value.toInt());
     if ((value = stored(KeyPageAdditionalText, QString())).isValid())
         ui->edtPageAdditionalText->setText(value.toString());
     if ((value = stored(KeyDefaultVariant, QString())).isValid())
         ui->edtDefaultVariant->setText(value.toString());
+    // The remembered system was chosen with the remembered file, maybe over
+    // its projection, and stays with it. A file the host named was looked
+    // at before the remembered system came back: its projection wins again.
+    const bool keepRemembered = !presetKeys.contains(KeyShapeFile) && !importFileGeoSystem.IsNull();
+    prjCheckedFor = keepRemembered ? GetShapeFilename() : QString();
     showGeoSystems();
     loadTable();
 }
@@ -315,36 +332,52 @@ bool DlgShapeImport::GetCorrectVertexOrder() const
 void DlgShapeImport::SetPointSelectMode(int mode)
 {
     presetKeys.append(KeyPointSelectMode);
-    (mode == ImportSheetDataFromShapeFile::spsmManual ? ui->rbtnPointsManual : ui->rbtnPointsAutomatic)
-        ->setChecked(true);
+    showPointSelectMode(mode);
+}
+
+void DlgShapeImport::showPointSelectMode(int mode)
+{
+    // A mode neither button stands for checks neither.
+    pointButtons->setExclusive(false);
+    ui->rbtnPointsAutomatic->setChecked(mode == ImportSheetDataFromShapeFile::spsmAutomatic);
+    ui->rbtnPointsManual->setChecked(mode == ImportSheetDataFromShapeFile::spsmManual);
+    pointButtons->setExclusive(true);
+    pointSelectMode = mode;
 }
 
 int DlgShapeImport::GetPointSelectMode() const
 {
-    return ui->rbtnPointsManual->isChecked() ? ImportSheetDataFromShapeFile::spsmManual
-                                             : ImportSheetDataFromShapeFile::spsmAutomatic;
+    return pointSelectMode;
+}
+
+void DlgShapeImport::showSpinValue(QSpinBox* box, int& kept, int value)
+{
+    // The box shows the nearest value it has; the importer gets this one.
+    const QSignalBlocker blocker(box);
+    box->setValue(value);
+    kept = value;
 }
 
 void DlgShapeImport::SetIndexForPoint1(int index)
 {
     presetKeys.append(KeyIndexForPoint1);
-    ui->sbxPointIndex1->setValue(index);
+    showSpinValue(ui->sbxPointIndex1, indexForPoint1, index);
 }
 
 int DlgShapeImport::GetIndexForPoint1() const
 {
-    return ui->sbxPointIndex1->value();
+    return indexForPoint1;
 }
 
 void DlgShapeImport::SetIndexForPoint2(int index)
 {
     presetKeys.append(KeyIndexForPoint2);
-    ui->sbxPointIndex2->setValue(index);
+    showSpinValue(ui->sbxPointIndex2, indexForPoint2, index);
 }
 
 int DlgShapeImport::GetIndexForPoint2() const
 {
-    return ui->sbxPointIndex2->value();
+    return indexForPoint2;
 }
 
 void DlgShapeImport::SetScaleImportMode(int mode)
@@ -362,12 +395,12 @@ int DlgShapeImport::GetScaleImportMode() const
 void DlgShapeImport::SetFixedScale(int scale)
 {
     presetKeys.append(KeyFixedScale);
-    ui->sbxFixedScale->setValue(scale);
+    showSpinValue(ui->sbxFixedScale, fixedScale, scale);
 }
 
 int DlgShapeImport::GetFixedScale() const
 {
-    return ui->sbxFixedScale->value();
+    return fixedScale;
 }
 
 void DlgShapeImport::SetPageAdditionalText(const QString& text)
@@ -419,12 +452,22 @@ void DlgShapeImport::OnImportModeChanged(int mode)
     updateState();
 }
 
+void DlgShapeImport::reloadIfFilesChanged()
+{
+    // Every focus loss ends an editing, also the one OK causes; a reload
+    // then would put back the assignments saved last time.
+    if (GetShapeFilename() != loadedShapeFile || GetEffectiveShapeDbFilename() != loadedShapeDbFile)
+        loadTable();
+}
+
 void DlgShapeImport::loadTable()
 {
     QTreeWidget* tree = ui->twFieldAssignment;
     tree->clear();
     shapeReadable = false;
     const QString shapeFile = GetShapeFilename();
+    loadedShapeFile = shapeFile;
+    loadedShapeDbFile = GetEffectiveShapeDbFilename();
     QString info;
     if (!shapeFile.isEmpty()) {
         ShapeFileReader shapes;

@@ -13,8 +13,10 @@
 #include <QStringList>
 
 class AttributeTableModel;
+class QButtonGroup;
 class ImportFieldManager;
 class QSettings;
+class QSpinBox;
 class QTreeWidget;
 class QTreeWidgetItem;
 class ShapePreviewWidget;
@@ -110,10 +112,13 @@ private:
     void applyAssignments(const QMap<QString, int>& assignments, bool report);
     void buildChoiceLists();
     void loadTable();
+    void reloadIfFilesChanged();
     void rememberFile(const QString& file);
     QString startFolder() const;
     void saveSettings();
     void showFilterAreas();
+    void showPointSelectMode(int mode);
+    void showSpinValue(QSpinBox* box, int& kept, int value);
     void showGeoSystems();
     void updateState();
 
@@ -128,7 +133,16 @@ private:
     ShapePreviewWidget* preview = nullptr;
     AttributeTableModel* attributes = nullptr;
     bool shapeReadable = false;
-    QString prjCheckedFor; // the shape file whose ".prj" was looked at
+    QString prjCheckedFor;   // the shape file whose ".prj" was looked at
+    QString loadedShapeFile; // the files the table and choices were built for
+    QString loadedShapeDbFile;
+    // The sheet options as the host or the user gave them: the widgets
+    // cannot show every value the importer takes.
+    QButtonGroup* pointButtons = nullptr;
+    int pointSelectMode = 0;
+    int indexForPoint1 = 0;
+    int indexForPoint2 = 2;
+    int fixedScale = 1000;
 };
 
 #endif

@@ -3,6 +3,8 @@
 #include "shapeimport/ShapeFileReader.h"
 #include "shapeimport/ShapeObject.h"
 
+#include <shapefil.h>
+
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
@@ -27,10 +29,10 @@ const int sideMargin = 10;
 const int crossRadius = 4;
 
 // Shape types by their last digit: the Z and M variants (11.., 21..) draw
-// like the plain ones.
+// like the plain ones. The multipatch (31) ends in 1 but is no point.
 bool isPointType(int type)
 {
-    return type % 10 == 1 || type % 10 == 8;
+    return type != SHPT_MULTIPATCH && (type % 10 == 1 || type % 10 == 8);
 }
 
 bool isLineType(int type)
@@ -40,13 +42,62 @@ bool isLineType(int type)
 
 bool isAreaType(int type)
 {
-    // 31: the faces of a multipatch, shown by their outlines like rings.
-    return type % 10 == 5 || type == 31;
+    return type % 10 == 5 || type == SHPT_MULTIPATCH;
 }
 
 bool isFinite(const QPointF& point)
 {
     return std::isfinite(point.x()) && std::isfinite(point.y());
+}
+
+// Adds a face running counter-clockwise, a hole clockwise: under the winding
+// rule faces seen one over the other (floor and roof) stay filled together,
+// where an even-odd fill would cancel them, and holes stay open.
+void addFace(QPainterPath& path, QPolygonF face, bool hole)
+{
+    face.erase(std::remove_if(face.begin(), face.end(), [](const QPointF& p) { return !isFinite(p); }), face.end());
+    if (face.size() < 2)
+        return;
+    // Relative to the first point: the products of projected coordinates
+    // would swallow the area of a small face.
+    double twiceArea = 0.0;
+    const QPointF origin = face.constFirst();
+    for (int i = 0; i < face.size(); ++i) {
+        const QPointF a = face.at(i) - origin;
+        const QPointF b = face.at((i + 1) % face.size()) - origin;
+        twiceArea += a.x() * b.y() - b.x() * a.y();
+    }
+    if ((twiceArea < 0.0) != hole)
+        std::reverse(face.begin(), face.end());
+    path.addPolygon(face);
+    path.closeSubpath();
+}
+
+// The faces of a multipatch: strips and fans become their triangles, rings
+// outer faces or holes. A "ring" after a "first ring" belongs to its
+// polygon as a hole; a ring of no known kind is an outer face.
+QPainterPath multipatchPath(const ShapeObject& shape)
+{
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    const QVector<ShapeObject::Part> parts = shape.GetParts();
+    bool inPolygon = false; // after a first ring
+    for (int part = 0; part < parts.size(); ++part) {
+        const QVector<QPointF> points = shape.GetPartPoints(part);
+        const int type = parts.at(part).type;
+        if (type == SHPP_TRISTRIP || type == SHPP_TRIFAN) {
+            for (int i = 2; i < points.size(); ++i) {
+                const QPointF first = type == SHPP_TRISTRIP ? points.at(i - 2) : points.at(0);
+                addFace(path, QPolygonF({ first, points.at(i - 1), points.at(i) }), false);
+            }
+            inPolygon = false;
+            continue;
+        }
+        const bool hole = type == SHPP_INNERRING || (type == SHPP_RING && inPolygon);
+        inPolygon = type == SHPP_FIRSTRING || (type == SHPP_RING && inPolygon);
+        addFace(path, QPolygonF(points), hole);
+    }
+    return path;
 }
 
 // The smallest rectangle around both; unlike QRectF::united, a rectangle of
@@ -156,6 +207,8 @@ bool ShapePreviewWidget::SetShapeFile(const QString& shapeFile)
                 }
                 if (isPointType(type)) {
                     object.points.append(point);
+                } else if (type == SHPT_MULTIPATCH) {
+                    // Drawn by its faces below.
                 } else if (first) {
                     object.path.moveTo(point);
                     first = false;
@@ -167,6 +220,8 @@ bool ShapePreviewWidget::SetShapeFile(const QString& shapeFile)
             if (isAreaType(type) && !first)
                 object.path.closeSubpath();
         }
+        if (type == SHPT_MULTIPATCH)
+            object.path = multipatchPath(shape);
         if (!any)
             continue; // a null shape: nothing to draw
         if (isPointType(type))
@@ -176,8 +231,9 @@ bool ShapePreviewWidget::SetShapeFile(const QString& shapeFile)
         else
             object.kind = Kind::Area;
         // Each object has its own even-odd fill, so holes stay open and
-        // neighbours do not cancel each other out.
-        object.path.setFillRule(Qt::OddEvenFill);
+        // neighbours do not cancel each other out; a multipatch has its own.
+        if (type != SHPT_MULTIPATCH)
+            object.path.setFillRule(Qt::OddEvenFill);
         objects.append(object);
         objectBounds = unite(objectBounds, haveBounds, QRectF(QPointF(minX, minY), QPointF(maxX, maxY)));
         haveBounds = true;

@@ -152,9 +152,9 @@ void ImportSheetDataFromShapeFile::GenerateSheetCoordinates(int record, const QP
 {
     const ImportFieldManager* fields = GetImportFieldManager();
     QString number;
-    // An empty cell is as good as no column: numbering by record keeps such
-    // sheets apart instead of piling them up under "".
-    if (!fields->ReadString(record, tfSheetNr, number) || number.isEmpty())
+    // Only a number that cannot be read at all is made up; an empty cell is
+    // the user's answer and stays empty.
+    if (!fields->ReadString(record, tfSheetNr, number))
         number = QStringLiteral("leer") + QString::number(record + 1);
     while (number.startsWith(QLatin1Char('0')))
         number.remove(0, 1);
@@ -213,5 +213,13 @@ void ImportSheetDataFromShapeFile::GenerateSheetCoordinates(int record, const QP
     } else {
         return;
     }
-    scales[scale].insert(number, points);
+    QMap<QString, QList<PointF>>& sheets = scales[scale];
+    // The later sheet wins, but the user should know one got lost.
+    if (sheets.contains(number))
+        warnings.append(QCoreApplication::translate(
+            "ImportSheetDataFromShapeFile", "Object %1 replaces the earlier sheet \"%2\" at scale %3")
+                            .arg(record + 1)
+                            .arg(number)
+                            .arg(scale));
+    sheets.insert(number, points);
 }

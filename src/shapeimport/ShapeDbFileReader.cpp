@@ -108,8 +108,12 @@ QString ShapeDbFileReader::ReadStringAttribute(int record, const QString& field)
     if (!text)
         return QString();
     const QByteArray bytes(text);
-    if (!bytes.isEmpty() && bytes.count('*') == bytes.size())
-        return QString();
+    // Stars fill a number without value; in a text column they are text.
+    if (!bytes.isEmpty() && bytes.count('*') == bytes.size()) {
+        const DBFFieldType type = DBFGetFieldInfo(dbf(handle), index, nullptr, nullptr, nullptr);
+        if (type == FTInteger || type == FTDouble)
+            return QString();
+    }
     return utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
 }
 

@@ -38,7 +38,8 @@ public:
     bool IsUtf8() const { return utf8; }
 
     // Empty when the field does not exist or the record has no text (a
-    // number without value, stored as "*****", counts as no text).
+    // number without value, stored as "*****" in a numeric column, counts
+    // as no text; stars in a text column are text).
     QString ReadStringAttribute(int record, const QString& field) const;
     // -1 when the field does not exist.
     int ReadIntegerAttribute(int record, const QString& field) const;

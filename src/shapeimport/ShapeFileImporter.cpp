@@ -15,6 +15,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cmath>
 
 const QString& GetShapeFileExtension()
 {
@@ -42,6 +43,41 @@ void GetAvailableFieldNames(const QString& dbFile, QVector<QString>& names)
     reader.GetFieldNames(names);
 }
 
+namespace {
+
+bool onOutline(const QPointF& point, const QPolygonF& ring, double tolerance)
+{
+    for (int i = 0; i < ring.size(); ++i) {
+        const QPointF a = ring.at(i);
+        const QPointF b = ring.at((i + 1) % ring.size());
+        const QPointF ab = b - a;
+        const double length2 = QPointF::dotProduct(ab, ab);
+        const double t = length2 > 0.0 ? std::clamp(QPointF::dotProduct(point - a, ab) / length2, 0.0, 1.0) : 0.0;
+        const QPointF gap = point - (a + t * ab);
+        if (std::hypot(gap.x(), gap.y()) <= tolerance)
+            return true;
+    }
+    return false;
+}
+
+// Whether `inner` lies inside `outer`, judged by its first point off the
+// outline of `outer`: a hole may touch its outer ring, and a ring given
+// twice lies inside neither copy.
+bool ringLiesInside(const QPolygonF& inner, const QPolygonF& outer)
+{
+    const QRectF box = outer.boundingRect();
+    if (!box.contains(inner.boundingRect()))
+        return false;
+    const double tolerance = 1e-9 * std::max(box.width(), box.height());
+    for (const QPointF& point : inner) {
+        if (!onOutline(point, outer, tolerance))
+            return outer.containsPoint(point, Qt::OddEvenFill);
+    }
+    return false;
+}
+
+} // namespace
+
 ShapeFileImporter::ShapeFileImporter()
     : fieldManager(std::make_shared<ImportFieldManager>())
     , shapeReader(std::make_shared<ShapeFileReader>())
@@ -67,18 +103,20 @@ bool ShapeFileImporter::ReadObjects(
     // would miss every name with an umlaut on a UTF-8 system.
     const QByteArray shapePath = QFile::encodeName(shapeFile);
     const QByteArray dbPath = QFile::encodeName(dbFile);
+    // An importer read again must not pass on the warnings of its last file.
+    warnings.clear();
 
     dbReader->Close();
-    if (!dbFile.isEmpty())
-        dbReader->Open(dbPath);
-    fieldManager->SetDbFileReader(dbReader.get());
+    // Without a table no attribute can be read, which is not the same as
+    // an empty one: the sheet import numbers such sheets by record.
+    const bool tableOpen = !dbFile.isEmpty() && dbReader->Open(dbPath) == 0;
+    fieldManager->SetDbFileReader(tableOpen ? dbReader.get() : nullptr);
 
     if (shapeReader->Open(shapePath) != 0) {
         lastErrorMessage = QCoreApplication::translate("ShapeFileImporter", "Error opening shape file");
         return false;
     }
 
-    warnings.clear();
     convert = !projectGeoSystem.IsEqual(importFileGeoSystem);
     ShapeObject object;
     const int count = shapeReader->GetEntityCount();
@@ -108,23 +146,34 @@ bool ShapeFileImporter::ConvertPoints(QVector<QPointF>& points, int record)
 bool ShapeFileImporter::ReadRings(const ShapeObject& object, QList<QVector<PointF>>& rings)
 {
     rings.clear();
+    QVector<QPolygonF> outlines;
+    QList<QVector<PointF>> kept;
     for (int part = 0; part < object.GetParts().size(); ++part) {
         QVector<QPointF> points = object.GetPartPoints(part);
-        if (!ConvertPoints(points, object.GetRecordIndex())) {
-            rings.clear();
+        if (!ConvertPoints(points, object.GetRecordIndex()))
             return false;
-        }
         QVector<PointF> ring;
         ring.reserve(points.size());
         for (const QPointF& point : qAsConst(points))
             ring.append(PointF(point.x(), point.y()));
-        const VertexOrder order = DetermineVertexOrder(ring);
-        if (order == VertexOrder::Degenerate)
+        if (DetermineVertexOrder(ring) == VertexOrder::Degenerate)
             continue;
-        // Clockwise marks an outer ring in the file: both kinds turn round.
-        std::reverse(ring.begin(), ring.end());
-        rings.append(ring);
+        outlines.append(QPolygonF(points));
+        kept.append(ring);
     }
+    // Writers do not all keep to clockwise outer rings, so the sense in the
+    // file proves nothing: a ring inside an odd number of others is a hole.
+    for (int i = 0; i < kept.size(); ++i) {
+        int depth = 0;
+        for (int j = 0; j < outlines.size(); ++j) {
+            if (j != i && ringLiesInside(outlines.at(i), outlines.at(j)))
+                ++depth;
+        }
+        const VertexOrder wanted = depth % 2 == 0 ? VertexOrder::CounterClockwise : VertexOrder::Clockwise;
+        if (DetermineVertexOrder(kept.at(i)) != wanted)
+            std::reverse(kept[i].begin(), kept[i].end());
+    }
+    rings = kept;
     return true;
 }
 

@@ -72,10 +72,10 @@ protected:
     // shape file.
     QString EffectiveShapeDbFilename() const;
 
-    // The read loop every import runs: opens the table (a table that does
-    // not open reads as empty) and the shape file, then hands each entity
-    // in file order to `process`. False with the error text when the shape
-    // file does not open.
+    // The read loop every import runs: opens the table (without one that
+    // opens no attribute can be read, and every read answers false) and
+    // the shape file, then hands each entity in file order to `process`.
+    // False with the error text when the shape file does not open.
     bool ReadObjects(
         const QString& shapeFile, const QString& dbFile, const std::function<void(const ShapeObject&)>& process);
 
@@ -85,9 +85,10 @@ protected:
     bool ConvertPoints(QVector<QPointF>& points, int record);
 
     // The rings of a polygon object in the project's geo system, turned to
-    // the host's sense: outer rings counter-clockwise, holes clockwise (a
-    // shape file has it the other way round). Rings without area are
-    // dropped. False when a point cannot be converted.
+    // the host's sense: outer rings counter-clockwise, holes (rings inside
+    // an odd number of others) clockwise, whatever sense the file gave
+    // them. Rings without area are dropped. False when a point cannot be
+    // converted.
     bool ReadRings(const ShapeObject& object, QList<QVector<PointF>>& rings);
 
     QString shapeFilename;

@@ -7,6 +7,9 @@
 
 #include <QComboBox>
 #include <QFile>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -64,8 +67,13 @@ private Q_SLOTS:
     void importedAssignments();
     void exportThenImportGivesTheChoicesBack();
     void laterColumnWinsInTheFieldManager();
+    void focusLossKeepsTheAssignments_data();
+    void focusLossKeepsTheAssignments();
+    void fileSystemComesFromItsProjection_data();
     void fileSystemComesFromItsProjection();
     void facadeImportsWhatWasChosen();
+    void hostValuesReachTheImporterUnchanged_data();
+    void hostValuesReachTheImporterUnchanged();
 };
 
 void DlgShapeImportTest::choiceListsFollowTheImporter_data()
@@ -178,16 +186,83 @@ void DlgShapeImportTest::laterColumnWinsInTheFieldManager()
     QCOMPARE(manager.GetAssignments(), (QMap<int, QString> { { 10, "BLATT2" }, { 20, "KEPT" } }));
 }
 
+void DlgShapeImportTest::focusLossKeepsTheAssignments_data()
+{
+    QTest::addColumn<QString>("table"); // chosen beside the shape file
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("text"); // empty: left as it was
+    QTest::addColumn<QStringList>("shown");
+    const QStringList chosen { "BLATTNR=SheetNr", "BLATT2=-", "MASSSTAB=SheetScale" };
+    QTest::newRow("shape file left") << ""
+                                     << "edtShapeFile"
+                                     << "" << chosen;
+    // An empty field does not report its end of editing.
+    QTest::newRow("attribute table left") << data("sheets.dbf") << "edtShapeDbFile"
+                                          << "" << chosen;
+    QTest::newRow("another file brings its table")
+        << ""
+        << "edtShapeFile" << data("districts.shp") << QStringList { "FLSTKENNZ=-" };
+}
+
+void DlgShapeImportTest::focusLossKeepsTheAssignments()
+{
+    QFETCH(QString, table);
+    QFETCH(QString, field);
+    QFETCH(QString, text);
+    QFETCH(QStringList, shown);
+    DlgShapeImport dialog;
+    dialog.SetShapeFilename(data("sheets.shp"));
+    dialog.SetShapeDbFilename(table);
+    choose(dialog, 0, "SheetNr");
+    choose(dialog, 2, "SheetScale");
+    auto* edit = child<QLineEdit>(&dialog, qPrintable(field));
+    if (!text.isEmpty())
+        edit->setText(text);
+    // What OK or a click elsewhere does to the field holding the cursor.
+    QFocusEvent leave(QEvent::FocusOut, Qt::MouseFocusReason);
+    QApplication::sendEvent(edit, &leave);
+    QCOMPARE(choicesShown(dialog), shown);
+}
+
+void DlgShapeImportTest::fileSystemComesFromItsProjection_data()
+{
+    QTest::addColumn<QString>("stored");     // remembered with sheets.shp from the last import
+    QTest::addColumn<bool>("hostNamesFile"); // or it comes back from the last import
+    QTest::addColumn<QString>("preset");     // set by the host
+    QTest::addColumn<QString>("system");
+    QTest::newRow("from the projection") << "" << true << ""
+                                         << "EPSG:31467";
+    QTest::newRow("host preset wins") << "" << true << "EPSG:25832"
+                                      << "EPSG:25832";
+    QTest::newRow("projection beats the remembered system") << "EPSG:4326" << true << ""
+                                                            << "EPSG:31467";
+    QTest::newRow("host preset beats both") << "EPSG:4326" << true << "EPSG:25832"
+                                            << "EPSG:25832";
+    // The user may have overruled the projection for this very file.
+    QTest::newRow("remembered file keeps its system") << "EPSG:4326" << false << ""
+                                                      << "EPSG:4326";
+}
+
 void DlgShapeImportTest::fileSystemComesFromItsProjection()
 {
-    DlgShapeImport found;
-    found.SetShapeFilename(data("sheets.shp"));
-    QCOMPARE(found.GetGeoSystemForImportFile().ToString(), "EPSG:31467");
-
-    DlgShapeImport preset;
-    preset.SetGeoSystemForImportFile(GeoSystemSettings::FromEpsg(25832));
-    preset.SetShapeFilename(data("sheets.shp"));
-    QCOMPARE(preset.GetGeoSystemForImportFile().ToString(), "EPSG:25832");
+    QFETCH(QString, stored);
+    QFETCH(bool, hostNamesFile);
+    QFETCH(QString, preset);
+    QFETCH(QString, system);
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath("s.ini"), QSettings::IniFormat);
+    settings.setValue("DlgShapeImport/ShapeFile", data("sheets.shp"));
+    if (!stored.isEmpty())
+        settings.setValue("DlgShapeImport/ImportFileGeoSystem", stored);
+    DlgShapeImport dialog;
+    dialog.SetSettings(&settings);
+    if (!preset.isEmpty())
+        dialog.SetGeoSystemForImportFile(GeoSystemSettings::FromDefinition(preset));
+    // Before Initialize, as the host does it.
+    if (hostNamesFile)
+        dialog.SetShapeFilename(data("sheets.shp"));
+    dialog.Initialize();
+    QCOMPARE(dialog.GetGeoSystemForImportFile().ToString(), system);
 }
 
 void DlgShapeImportTest::facadeImportsWhatWasChosen()
@@ -197,7 +272,8 @@ void DlgShapeImportTest::facadeImportsWhatWasChosen()
     DialogImportShapeFile facade(nullptr, &settings);
     facade.SetImportMode(DialogImportShapeFile::imSheets);
     facade.SetShapeFilename(data("sheets.shp"));
-    facade.SetFilesToProcess({ data("nodbf.shp") });
+    // A file that fails stops none of the others, and each is reported.
+    facade.SetFilesToProcess({ data("missing.shp"), data("nodbf.shp"), data("corrupt/tiny.shp") });
     facade.Initialize();
     ModalDriver driver;
     driver.Expect("DlgShapeImport", [](QWidget* window) {
@@ -207,13 +283,25 @@ void DlgShapeImportTest::facadeImportsWhatWasChosen()
         dialog->SetScaleImportMode(ImportSheetDataFromShapeFile::ssimFromTable);
         dialog->OnAccepted();
     });
+    QString report;
+    driver.Expect("QMessageBox", [&report](QWidget* box) {
+        report = static_cast<QMessageBox*>(box)->text();
+        static_cast<QMessageBox*>(box)->accept();
+    });
     QVERIFY(facade.Execute());
+    const QString failures = data("missing.shp") + ": Error opening shape file\n" + data("corrupt/tiny.shp")
+        + ": Error opening shape file";
+    QCOMPARE(facade.GetLastErrorMessage(), failures);
+    QVERIFY2(report.contains(failures), qPrintable(report));
     QMap<int, QMap<QString, QList<PointF>>> scales;
     facade.GetScalesMap(scales);
     QCOMPARE(scales.keys(), (QList<int> { 0, 1000, 2500, 5000 }));
     QCOMPARE(scales.value(2500).keys(), (QStringList { "42", "46" }));
-    // The second file has no table: its sheets are numbered by record.
-    QCOMPARE(scales.value(0).keys(), (QStringList { "leer1", "leer2", "leer4" }));
+    // The second file has no table: its sheets are numbered by record; the
+    // first one's empty number stays empty.
+    QCOMPARE(scales.value(0).keys(), (QStringList { "", "leer1", "leer2" }));
+    QCOMPARE(facade.GetWarnings(),
+        QStringList { data("sheets.shp") + ": Object 6 replaces the earlier sheet \"42\" at scale 2500" });
 
     // The values count for the next opening, the assignments with them.
     QCOMPARE(settings.value("DlgShapeImport/ScaleImportMode").toInt(), 1);
@@ -221,6 +309,42 @@ void DlgShapeImportTest::facadeImportsWhatWasChosen()
     next.Initialize();
     QCOMPARE(next.GetShapeFilename(), data("sheets.shp"));
     QCOMPARE(choicesShown(*next.GetDialog()), (QStringList { "BLATTNR=SheetNr", "BLATT2=-", "MASSSTAB=SheetScale" }));
+}
+
+void DlgShapeImportTest::hostValuesReachTheImporterUnchanged_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("index1");
+    QTest::addColumn<int>("index2");
+    QTest::addColumn<int>("scale");
+    QTest::addColumn<QList<int>>("scales"); // that the import fills
+    // -1 means no point, an unknown mode no points at all: no sheet.
+    QTest::newRow("no first point") << 1 << -1 << 2 << 1000 << QList<int> {};
+    QTest::newRow("no second point") << 1 << 0 << -1 << 1000 << QList<int> {};
+    QTest::newRow("unknown point mode") << 2 << 0 << 2 << 1000 << QList<int> {};
+    QTest::newRow("scale 0") << 0 << 0 << 2 << 0 << QList<int> { 0 };
+}
+
+void DlgShapeImportTest::hostValuesReachTheImporterUnchanged()
+{
+    QFETCH(int, mode);
+    QFETCH(int, index1);
+    QFETCH(int, index2);
+    QFETCH(int, scale);
+    QFETCH(QList<int>, scales);
+    DialogImportShapeFile facade(nullptr, nullptr);
+    facade.SetShapeFilename(data("sheets.shp"));
+    facade.SetPointSelectMode(mode);
+    facade.SetIndexForPoint1(index1);
+    facade.SetIndexForPoint2(index2);
+    facade.SetFixedScale(scale);
+    facade.Initialize();
+    ModalDriver driver;
+    driver.Expect("DlgShapeImport", [](QWidget* window) { static_cast<DlgShapeImport*>(window)->OnAccepted(); });
+    QVERIFY(facade.Execute());
+    QMap<int, QMap<QString, QList<PointF>>> imported;
+    facade.GetScalesMap(imported);
+    QCOMPARE(imported.keys(), scales);
 }
 
 QTEST_MAIN(DlgShapeImportTest)

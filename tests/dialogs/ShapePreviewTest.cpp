@@ -34,6 +34,8 @@ private Q_SLOTS:
     void rendering_data();
     void rendering();
     void singlePointBounds();
+    void multipatchShowsItsFaces_data();
+    void multipatchShowsItsFaces();
 };
 
 void ShapePreviewTest::attributeTable_data()
@@ -192,6 +194,32 @@ void ShapePreviewTest::singlePointBounds()
     QVERIFY(std::isfinite(mapped.x()) && std::isfinite(mapped.y()));
     QVERIFY(widget.rect().contains(mapped.toPoint()));
     QVERIFY(!widget.grab().isNull());
+}
+
+void ShapePreviewTest::multipatchShowsItsFaces_data()
+{
+    QTest::addColumn<QPointF>("point");
+    QTest::addColumn<bool>("filled");
+    // Off the diagonal: a strip drawn as one ring crosses itself there.
+    QTest::newRow("triangle strip") << QPointF(3500050, 5400020) << true;
+    QTest::newRow("triangle fan") << QPointF(3500250, 5400050) << true;
+    // Floor and roof cover the same ground; the courtyard stays open.
+    QTest::newRow("floor under the roof") << QPointF(3500415, 5400050) << true;
+    QTest::newRow("courtyard") << QPointF(3500450, 5400050) << false;
+}
+
+void ShapePreviewTest::multipatchShowsItsFaces()
+{
+    QFETCH(QPointF, point);
+    QFETCH(bool, filled);
+    ShapePreviewWidget widget;
+    widget.resize(400, 300);
+    QVERIFY(widget.SetShapeFile(fixture("multipatch.shp")));
+    QCOMPARE(widget.GetObjectCount(), 3);
+    const QImage image = widget.grab().toImage();
+    // Between the strip and the fan: background.
+    const QRgb background = image.pixel(widget.WorldToWidget(QPointF(3500150, 5400050)).toPoint());
+    QCOMPARE(image.pixel(widget.WorldToWidget(point).toPoint()) != background, filled);
 }
 
 QTEST_MAIN(ShapePreviewTest)

@@ -35,7 +35,9 @@ private Q_SLOTS:
     void textIsDecodedAndTrimmed();
     void routeImportReportsSuccessEvenOnFailure();
     void copiesShareTheFieldManager();
+    void ringsTurnToTheHostsSense_data();
     void ringsTurnToTheHostsSense();
+    void buildingsTakeTheirAssignedColumns();
     void filterKeepsObjectsTouchingAnArea_data();
     void filterKeepsObjectsTouchingAnArea();
 };
@@ -149,6 +151,10 @@ void ShapeReadingTest::textIsDecodedAndTrimmed_data()
                                    << "Hauptstraße";
     QTest::newRow("number without value") << "buildings" << 3 << "HNR"
                                           << "";
+    QTest::newRow("decimal number without value") << "stars" << 0 << "BETRAG"
+                                                  << "";
+    QTest::newRow("stars in a text column") << "stars" << 0 << "KLASSE"
+                                            << "***";
     QTest::newRow("leading zero kept") << "buildings" << 3 << "E_PLZ"
                                        << "01067";
     QTest::newRow("UTF-8 by its code page file") << "routes" << 1 << "NAME"
@@ -209,19 +215,37 @@ void ShapeReadingTest::copiesShareTheFieldManager()
     QCOMPARE(import.GetImportFieldManager()->GetAssignedColumn(ImportSheetDataFromShapeFile::tfSheetNr), "BLATTNR");
 }
 
+void ShapeReadingTest::ringsTurnToTheHostsSense_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("record");
+    QTest::addColumn<QStringList>("piece"); // the number, then the sense of each ring the host gets
+    const QString number = "1234-1-12/3";
+    QTest::newRow("clockwise outer ring with hole") << "districts.shp" << 1 << QStringList { number, "ccw", "cw" };
+    QTest::newRow("counter-clockwise outer ring with hole")
+        << "districts_ccw.shp" << 0 << QStringList { number, "ccw", "cw" };
+    QTest::newRow("two polygons of either sense")
+        << "districts_ccw.shp" << 1 << QStringList { "Flst. 17", "ccw", "ccw" };
+}
+
 void ShapeReadingTest::ringsTurnToTheHostsSense()
 {
+    QFETCH(QString, file);
+    QFETCH(int, record);
+    QFETCH(QStringList, piece);
     ImportDistrictsFromShapeFile districts;
-    districts.SetShapeFilename(data("districts.shp"));
+    districts.SetShapeFilename(data(file));
     districts.GetImportFieldManager()->SetAssignment(ImportDistrictsFromShapeFile::tfDistrictPieceNumber, "FLSTKENNZ");
     QVERIFY(districts.Execute());
-    QCOMPARE(districts.GetDistrictPieces().size(), 4);
-    const DistrictPiece& withHole = districts.GetDistrictPieces().at(1);
-    QCOMPARE(withHole.number, "1234-1-12/3");
-    QCOMPARE(withHole.rings.size(), 2);
-    QCOMPARE(DetermineVertexOrder(withHole.rings.at(0)), VertexOrder::CounterClockwise);
-    QCOMPARE(DetermineVertexOrder(withHole.rings.at(1)), VertexOrder::Clockwise);
+    const DistrictPiece read = districts.GetDistrictPieces().value(record);
+    QStringList shown { read.number };
+    for (const QVector<PointF>& ring : read.rings)
+        shown.append(DetermineVertexOrder(ring) == VertexOrder::CounterClockwise ? "ccw" : "cw");
+    QCOMPARE(shown, piece);
+}
 
+void ShapeReadingTest::buildingsTakeTheirAssignedColumns()
+{
     ImportBuildingFromShapeFile buildings;
     buildings.SetShapeFilename(data("buildings.shp"));
     ImportFieldManager* fields = buildings.GetImportFieldManager();

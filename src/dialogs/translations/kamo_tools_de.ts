@@ -803,6 +803,14 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
         <source>%1 is assigned to %2; the last of them counts.</source>
         <translation>%1 ist %2 zugeordnet; die letzte Spalte gilt.</translation>
     </message>
+    <message>
+        <source>no point</source>
+        <translation>kein Punkt</translation>
+    </message>
+    <message>
+        <source>no scale</source>
+        <translation>kein Maßstab</translation>
+    </message>
 </context>
 <context>
     <name>DxfDump</name>
@@ -906,6 +914,13 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
     <message>
         <source>No geo system selected.</source>
         <translation>Kein Geosystem ausgewählt.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSheetDataFromShapeFile</name>
+    <message>
+        <source>Object %1 replaces the earlier sheet &quot;%2&quot; at scale %3</source>
+        <translation>Objekt %1 ersetzt das frühere Blatt „%2“ im Maßstab %3</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,8 @@
 #include "../SampleProject.h"
 
 #include <QDirIterator>
+#include <QJsonDocument>
+#include <QJsonParseError>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -319,6 +321,9 @@ void KamoToolsCliTest::shapeAndDxfCommands_data()
     QTest::newRow("sheets by number and table scale")
         << "shape import sheets @/sheets.shp --assign SheetNr=BLATTNR --assign 20=MASSSTAB --scale-from-table" << 0
         << "\"5000\": {\n      \"44\": [[3501200, 5400300], [3501200, 5400000]";
+    QTest::newRow("sheet with a NaN coordinate")
+        << "shape import sheets @/corrupt/nan.shp --assign SheetNr=BLATTNR --manual 0,1" << 0
+        << "\"43\": [[3500400, 5400000], [3500400, null]]";
     QTest::newRow("buildings in Latin-1")
         << "shape import buildings @/buildings.shp --assign Building-Town=ORT" << 0 << "\"town\":\"Überlingen\"";
     QTest::newRow("routes touching the buildings")
@@ -360,6 +365,11 @@ void KamoToolsCliTest::shapeAndDxfCommands()
         = runTool(arguments.replace('@', arguments.startsWith("shape") ? KAMO_SHAPE_DATA : KAMO_DXF_DATA).split(' '));
     QCOMPARE(result.exitCode, exitCode);
     QVERIFY2((exitCode == 0 ? result.out : result.err).contains(output), qPrintable(result.out + result.err));
+    if (exitCode == 0 && arguments.startsWith("shape import")) {
+        QJsonParseError error;
+        QJsonDocument::fromJson(result.out.toUtf8(), &error);
+        QVERIFY2(error.error == QJsonParseError::NoError, qPrintable(error.errorString()));
+    }
 }
 
 void KamoToolsCliTest::gk2ExportWritesTheExpectedBytes()

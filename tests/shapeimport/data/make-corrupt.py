@@ -97,6 +97,12 @@ def main():
     struct.pack_into("<ii", shp, record_offset(shx, 2) + 8 + 44, 0, 999)
     write_set("partstarts", shp, shx, dbf)
 
+    # nan: record 2 (sheet 0043) with NaN as the y of its second point, as
+    # a writer leaves an unknown coordinate; shapelib reads it as it is.
+    shp, shx, dbf = (bytearray(b) for b in sheets)
+    struct.pack_into("<d", shp, record_offset(shx, 1) + 8 + 48 + 16 * 1 + 8, float("nan"))
+    write_set("nan", shp, shx, dbf)
+
 
 if __name__ == "__main__":
     main()

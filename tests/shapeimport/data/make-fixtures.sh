@@ -36,6 +36,13 @@ convert routes MULTILINESTRING -lco ENCODING=UTF-8
 convert districts MULTIPOLYGON
 convert buildings POLYGON -lco ENCODING=LATIN1
 convert points_z POINTZ
+# Outer rings counter-clockwise and a clockwise hole, as some writers leave
+# them: without the rewind ogr2ogr keeps the sense of the source.
+convert districts_ccw MULTIPOLYGON --config SHAPE_REWIND_ON_WRITE NO
+# A triangle strip, a triangle fan, and floor and roof with a courtyard.
+convert multipatch GEOMETRY -lco SHPT=MULTIPATCH
+# A text of stars beside numbers without value.
+convert stars POINT
 convert nodbf POLYGON
 rm -f "$out/nodbf.dbf" "$out/nodbf.cpg" "$out/nodbf.prj"
 
