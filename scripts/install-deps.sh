@@ -1,7 +1,8 @@
 #!/bin/sh
 # Installs the Debian packages the build, the tests and the fixture generators
 # need. Safe to run again: when everything is present it does nothing (no
-# apt-get update, no network). Works as root or through sudo.
+# apt-get update, no network). Works as root or through sudo. Other scripts
+# pass the packages only they need as arguments.
 set -eu
 
 # clang with its sanitizer and libFuzzer runtimes and llvm's symbolizer:
@@ -12,6 +13,9 @@ qtbase5-dev qttools5-dev-tools qttranslations5-l10n
 libshp-dev libdxflib-dev libproj-dev proj-data proj-bin
 gdal-bin python3-ezdxf librecad-data
 xvfb xauth"
+if [ $# -gt 0 ]; then
+    packages="$*"
+fi
 
 missing=""
 for p in $packages; do
