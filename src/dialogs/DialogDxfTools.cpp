@@ -1,29 +1,36 @@
 #include "dialogs/DialogDxfTools.h"
 
+#include "dialogs/DialogOwnership.h"
 #include "dialogs/DlgDxfTools.h"
 
 DialogDxfTools::DialogDxfTools(QWidget* parent, QSettings* settings)
     : dialog(new DlgDxfTools(parent))
+    , dialogOwner(ShareDialogOwnership(dialog.data()))
 {
     dialog->SetSettings(settings);
 }
 
-DialogDxfTools::~DialogDxfTools()
+DialogDxfTools::~DialogDxfTools() = default;
+
+DlgDxfTools* DialogDxfTools::GetDialog() const
 {
-    delete dialog;
+    return dialog;
 }
 
 void DialogDxfTools::SetDxfFilename(const QString& file)
 {
-    dialog->SetDxfFilename(file);
+    if (dialog)
+        dialog->SetDxfFilename(file);
 }
 
 void DialogDxfTools::Initialize()
 {
-    dialog->Initialize();
+    if (dialog)
+        dialog->Initialize();
 }
 
 void DialogDxfTools::ShowModal()
 {
-    dialog->exec();
+    if (dialog)
+        dialog->exec();
 }

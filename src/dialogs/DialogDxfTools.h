@@ -3,7 +3,10 @@
 
 #include "kamo_tools_export.h"
 
+#include <QPointer>
 #include <QString>
+
+#include <memory>
 
 class DlgDxfTools;
 class QSettings;
@@ -12,14 +15,15 @@ class QWidget;
 // The DXF workbench as the host opens it: optionally preset a drawing, call
 // Initialize, then ShowModal. The settings are borrowed; the facade owns its
 // dialog, so the drawing and the corner labels found in it stay from one
-// ShowModal to the next.
+// ShowModal to the next. Copies share the dialog, which the last of them
+// deletes; the host may destroy the parent widget before or after that.
 class KAMO_TOOLS_EXPORT DialogDxfTools
 {
 public:
     DialogDxfTools(QWidget* parent, QSettings* settings);
     ~DialogDxfTools();
-    DialogDxfTools(const DialogDxfTools&) = delete;
-    DialogDxfTools& operator=(const DialogDxfTools&) = delete;
+    DialogDxfTools(const DialogDxfTools&) = default;
+    DialogDxfTools& operator=(const DialogDxfTools&) = default;
 
     // Opened by Initialize instead of the last used drawing.
     void SetDxfFilename(const QString& file);
@@ -27,11 +31,13 @@ public:
     void Initialize();
     void ShowModal();
 
-    // The dialog, for a host that wants to adjust it before ShowModal.
-    DlgDxfTools* GetDialog() const { return dialog; }
+    // The dialog, for a host that wants to adjust it before ShowModal; null
+    // once the host has destroyed the parent widget.
+    DlgDxfTools* GetDialog() const;
 
 private:
-    DlgDxfTools* dialog;
+    QPointer<DlgDxfTools> dialog;
+    std::shared_ptr<void> dialogOwner;
 };
 
 #endif

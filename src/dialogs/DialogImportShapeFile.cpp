@@ -1,5 +1,6 @@
 #include "dialogs/DialogImportShapeFile.h"
 
+#include "dialogs/DialogOwnership.h"
 #include "dialogs/DlgShapeImport.h"
 #include "shapeimport/ImportBuildingFromShapeFile.h"
 #include "shapeimport/ImportDistrictsFromShapeFile.h"
@@ -18,78 +19,94 @@
 DialogImportShapeFile::DialogImportShapeFile(QWidget* parent, QSettings* settings)
     : parent(parent)
     , dialog(new DlgShapeImport(parent))
+    , dialogOwner(ShareDialogOwnership(dialog.data()))
 {
     dialog->SetSettings(settings);
 }
 
-DialogImportShapeFile::~DialogImportShapeFile()
+DialogImportShapeFile::~DialogImportShapeFile() = default;
+
+DlgShapeImport* DialogImportShapeFile::GetDialog() const
 {
-    delete dialog;
+    return dialog;
 }
 
 void DialogImportShapeFile::SetImportMode(ImportMode mode)
 {
-    dialog->SetImportMode(mode);
+    if (dialog)
+        dialog->SetImportMode(mode);
 }
 DialogImportShapeFile::ImportMode DialogImportShapeFile::GetImportMode() const
 {
-    return static_cast<ImportMode>(dialog->GetImportMode());
+    return dialog ? static_cast<ImportMode>(dialog->GetImportMode()) : imSheets;
 }
 void DialogImportShapeFile::SetShapeFilename(const QString& file)
 {
-    dialog->SetShapeFilename(file);
+    if (dialog)
+        dialog->SetShapeFilename(file);
 }
 QString DialogImportShapeFile::GetShapeFilename() const
 {
-    return dialog->GetShapeFilename();
+    return dialog ? dialog->GetShapeFilename() : QString();
 }
 void DialogImportShapeFile::SetGeoSystemForProject(const GeoSystemSettings& system)
 {
-    dialog->SetGeoSystemForProject(system);
+    if (dialog)
+        dialog->SetGeoSystemForProject(system);
 }
 void DialogImportShapeFile::SetGeoSystemForImportFile(const GeoSystemSettings& system)
 {
-    dialog->SetGeoSystemForImportFile(system);
+    if (dialog)
+        dialog->SetGeoSystemForImportFile(system);
 }
 GeoSystemSettings DialogImportShapeFile::GetGeoSystemForImportFile() const
 {
-    return dialog->GetGeoSystemForImportFile();
+    return dialog ? dialog->GetGeoSystemForImportFile() : GeoSystemSettings();
 }
 void DialogImportShapeFile::SetGeoFilter(QSharedPointer<QMap<QString, QPainterPath>> filter)
 {
-    dialog->SetGeoFilter(filter);
+    if (dialog)
+        dialog->SetGeoFilter(filter);
 }
 void DialogImportShapeFile::SetCorrectVertexOrder(bool correct)
 {
-    dialog->SetCorrectVertexOrder(correct);
+    if (dialog)
+        dialog->SetCorrectVertexOrder(correct);
 }
 void DialogImportShapeFile::SetPointSelectMode(int mode)
 {
-    dialog->SetPointSelectMode(mode);
+    if (dialog)
+        dialog->SetPointSelectMode(mode);
 }
 void DialogImportShapeFile::SetIndexForPoint1(int index)
 {
-    dialog->SetIndexForPoint1(index);
+    if (dialog)
+        dialog->SetIndexForPoint1(index);
 }
 void DialogImportShapeFile::SetIndexForPoint2(int index)
 {
-    dialog->SetIndexForPoint2(index);
+    if (dialog)
+        dialog->SetIndexForPoint2(index);
 }
 void DialogImportShapeFile::SetScaleImportMode(int mode)
 {
-    dialog->SetScaleImportMode(mode);
+    if (dialog)
+        dialog->SetScaleImportMode(mode);
 }
 void DialogImportShapeFile::SetFixedScale(int scale)
 {
-    dialog->SetFixedScale(scale);
+    if (dialog)
+        dialog->SetFixedScale(scale);
 }
 void DialogImportShapeFile::SetPageAdditionalText(const QString& text)
 {
-    dialog->SetPageAdditionalText(text);
+    if (dialog)
+        dialog->SetPageAdditionalText(text);
 }
 void DialogImportShapeFile::SetDefaultVariant(const QString& variant)
 {
-    dialog->SetDefaultVariant(variant);
+    if (dialog)
+        dialog->SetDefaultVariant(variant);
 }
 void DialogImportShapeFile::SetFilesToProcess(const QStringList& files)
 {
@@ -102,12 +119,13 @@ QStringList DialogImportShapeFile::GetFilesToProcess() const
 
 void DialogImportShapeFile::Initialize()
 {
-    dialog->Initialize();
+    if (dialog)
+        dialog->Initialize();
 }
 
 void DialogImportShapeFile::SaveToImportFieldManager(ImportFieldManager* manager) const
 {
-    if (!manager)
+    if (!manager || !dialog)
         return;
     const QTreeWidget* tree = dialog->GetFieldAssignmentTree();
     for (int i = 0; i < tree->topLevelItemCount(); ++i) {
@@ -129,7 +147,7 @@ bool DialogImportShapeFile::Execute()
     buildings.clear();
     lastError.clear();
     warnings.clear();
-    if (dialog->exec() != QDialog::Accepted)
+    if (!dialog || dialog->exec() != QDialog::Accepted)
         return false;
 
     // The chosen file first, then the others the host named, each once.

@@ -12,9 +12,12 @@
 #include <QList>
 #include <QMap>
 #include <QPainterPath>
+#include <QPointer>
 #include <QSharedPointer>
 #include <QString>
 #include <QStringList>
+
+#include <memory>
 
 class DlgShapeImport;
 class ImportFieldManager;
@@ -33,8 +36,8 @@ public:
 
     DialogImportShapeFile(QWidget* parent, QSettings* settings);
     ~DialogImportShapeFile();
-    DialogImportShapeFile(const DialogImportShapeFile&) = delete;
-    DialogImportShapeFile& operator=(const DialogImportShapeFile&) = delete;
+    DialogImportShapeFile(const DialogImportShapeFile&) = default;
+    DialogImportShapeFile& operator=(const DialogImportShapeFile&) = default;
 
     void SetImportMode(ImportMode mode);
     ImportMode GetImportMode() const;
@@ -80,13 +83,16 @@ public:
     QString GetLastErrorMessage() const { return lastError; }
     QStringList GetWarnings() const { return warnings; }
 
-    DlgShapeImport* GetDialog() const { return dialog; }
+    // The dialog, for a host that wants to adjust it; null once the host has
+    // destroyed the parent widget.
+    DlgShapeImport* GetDialog() const;
 
 private:
     bool import(const QString& shapeFile, const QString& dbFile, ImportSheetDataFromShapeFile& sheets);
 
     QWidget* parent;
-    DlgShapeImport* dialog;
+    QPointer<DlgShapeImport> dialog;
+    std::shared_ptr<void> dialogOwner;
     QStringList filesToProcess;
     QMap<int, QMap<QString, QList<PointF>>> scalesMap;
     QList<RoadObject> roads;

@@ -1,5 +1,6 @@
 #include "dialogs/DialogNodeTools.h"
 
+#include "dialogs/DialogOwnership.h"
 #include "dialogs/DlgNodeTools.h"
 #include "dialogs/QtProgressCallback.h"
 #include "nodetools/AnalyzeProjectNT.h"
@@ -47,11 +48,14 @@ template <typename Work> auto withWaitCursor(Work work)
 DialogNodeTools::DialogNodeTools(QWidget* parent)
     : parent(parent)
     , dialog(new DlgNodeTools(parent))
+    , dialogOwner(ShareDialogOwnership(dialog.data()))
 { }
 
-DialogNodeTools::~DialogNodeTools()
+DialogNodeTools::~DialogNodeTools() = default;
+
+DlgNodeTools* DialogNodeTools::GetDialog() const
 {
-    delete dialog;
+    return dialog;
 }
 
 void DialogNodeTools::SetProjectId(const QString& id)

@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QMap>
+#include <QPointer>
 #include <QString>
 
 #include <memory>
@@ -23,15 +24,16 @@ class TreeWidget;
 
 // The node tools as the host opens them: hand over the project through the
 // setters, then call ShowModal. Every pointer is borrowed; the facade never
-// deletes what the host lends it.
+// deletes what the host lends it. The host may destroy the parent widget
+// before or after the facade.
 class KAMO_TOOLS_EXPORT DialogNodeTools
 {
 public:
     explicit DialogNodeTools(QWidget* parent);
     ~DialogNodeTools();
 
-    // Copies share the dialog of the original; only the original may
-    // outlive the other, since each deletes the dialog it points to.
+    // Copies share the dialog of the original, which the last of them
+    // deletes.
     DialogNodeTools(const DialogNodeTools&) = default;
     DialogNodeTools& operator=(const DialogNodeTools&) = default;
 
@@ -55,8 +57,9 @@ public:
     // The data directory of the last run; a directory chosen in the dialog
     // replaces the one the host set.
     const QString& GetProjectRootDir() const { return projectRootDir; }
-    // The dialog, for a host that wants to adjust it before ShowModal.
-    DlgNodeTools* GetDialog() const { return dialog; }
+    // The dialog, for a host that wants to adjust it before ShowModal; null
+    // once the host has destroyed the parent widget.
+    DlgNodeTools* GetDialog() const;
 
 private:
     // The tool of operation `operation` with the options of the dialog;
@@ -64,7 +67,8 @@ private:
     std::unique_ptr<NodeTool> createTool(int operation) const;
 
     QWidget* parent;
-    DlgNodeTools* dialog = nullptr;
+    QPointer<DlgNodeTools> dialog;
+    std::shared_ptr<void> dialogOwner;
     QString projectId;
     QString projectName;
     QString projectRootDir;
