@@ -58,13 +58,15 @@ run() {
 summary() {
     target=$1
     log=$campaign/$target.log
-    runs=$(grep -o 'exec/s: [0-9]*' "$log" | tail -n 1 | cut -d' ' -f2)
+    runs=$(grep -o -E 'exec/s:? [0-9]+' "$log" | tail -n 1 | sed 's/.* //')
     total=$(grep -E '^#[0-9]+' "$log" | tail -n 1 | sed -E 's/^#([0-9]+).*/\1/')
     cov=$(grep -o 'cov: [0-9]*' "$log" | tail -n 1 | cut -d' ' -f2)
     ft=$(grep -o 'ft: [0-9]*' "$log" | tail -n 1 | cut -d' ' -f2)
     corpus=$(find "$campaign/$target" -type f | wc -l)
     found=$(find "$campaign" -maxdepth 1 -name "$target-*" -type f | wc -l)
-    printf '%-26s %12s %8s %8s %8s %8s %6s\n' "$target" "${total:-?}" "${runs:-?}" "${cov:-?}" "${ft:-?}" "$corpus" "$found"
+    failures=$(grep -o 'oom/timeout/crash: [0-9/]*' "$log" | tail -n 1 | sed 's/.* //')
+    printf '%-26s %12s %8s %8s %8s %8s %6s %18s\n' "$target" "${total:-?}" "${runs:-?}" "${cov:-?}" "${ft:-?}" \
+        "$corpus" "$found" "${failures:-?}"
 }
 
 jobs=$(nproc)
@@ -80,7 +82,7 @@ done
 wait
 
 echo "instrumented libraries: ${instrumented:-none}; ${seconds} s a target"
-printf '%-26s %12s %8s %8s %8s %8s %6s\n' target inputs exec/s cov ft corpus found
+printf '%-26s %12s %8s %8s %8s %8s %6s %18s\n' target inputs exec/s cov ft corpus found oom/timeout/crash
 status=0
 for target in $targets; do
     summary "$target"
