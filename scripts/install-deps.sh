@@ -10,7 +10,7 @@ set -eu
 packages="build-essential cmake pkg-config clang-format
 clang libclang-rt-14-dev llvm
 qtbase5-dev qttools5-dev-tools qttranslations5-l10n
-libshp-dev libdxflib-dev libproj-dev proj-data proj-bin
+libshp-dev libdxflib-dev libdtl-dev libproj-dev proj-data proj-bin
 gdal-bin python3-ezdxf librecad-data
 xvfb xauth"
 if [ $# -gt 0 ]; then

@@ -2,8 +2,11 @@
 
 #include "dialogs/DialogOwnership.h"
 #include "dialogs/DlgNodeTools.h"
+#include "dialogs/DlgNodeToolsPreview.h"
 #include "dialogs/QtProgressCallback.h"
 #include "nodetools/AnalyzeProjectNT.h"
+#include "nodetools/AnnotationFileProcessor.h"
+#include "nodetools/BlockNodeTool.h"
 #include "nodetools/ChangeHREFPathNT.h"
 #include "nodetools/ChangeHREFTypeNT.h"
 #include "nodetools/ChangeHREFTypeToStandardNT.h"
@@ -120,7 +123,12 @@ void DialogNodeTools::ShowModal()
     dialog->Initialize();
     dialog->ShowProjectData();
 
-    if (dialog->exec() != QDialog::Accepted)
+    // Only while this call runs: a copy of the facade may outlive this one.
+    const QMetaObject::Connection previewConnection
+        = QObject::connect(dialog.data(), &DlgNodeTools::PreviewRequested, dialog.data(), [this] { preview(); });
+    const int answer = dialog->exec();
+    QObject::disconnect(previewConnection);
+    if (answer != QDialog::Accepted)
         return;
 
     projectRootDir = dialog->GetDataDirectory();
@@ -142,23 +150,10 @@ void DialogNodeTools::ShowModal()
         }
     }
 
-    std::unique_ptr<NodeTool> tool = createTool(operation);
+    std::unique_ptr<NodeTool> tool = createTool(operation, projectRootDir);
     if (!tool)
         return;
-
-    QProgressDialog progress(parent);
-    // Modal, so that each new value repaints it; there is nothing to cancel.
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setCancelButton(nullptr);
-    progress.setWindowTitle(trDialog("Werkzeuge"));
-    QtProgressCallback callback(&progress);
-    tool->SetProgressCallback(&callback);
-    withWaitCursor([&tool] {
-        tool->Execute();
-        return true;
-    });
-    tool->SetProgressCallback(nullptr);
-    progress.reset();
+    execute(*tool, parent);
 
     if (tool->HasOwnResultView()) {
         tool->ShowResult(parent);
@@ -174,14 +169,57 @@ void DialogNodeTools::ShowModal()
     }
 }
 
-std::unique_ptr<NodeTool> DialogNodeTools::createTool(int operation) const
+void DialogNodeTools::execute(NodeTool& tool, QWidget* progressParent)
+{
+    QProgressDialog progress(progressParent);
+    // Modal, so that each new value repaints it; there is nothing to cancel.
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setCancelButton(nullptr);
+    progress.setWindowTitle(trDialog("Werkzeuge"));
+    QtProgressCallback callback(&progress);
+    tool.SetProgressCallback(&callback);
+    withWaitCursor([&tool] {
+        tool.Execute();
+        return true;
+    });
+    tool.SetProgressCallback(nullptr);
+    progress.reset();
+}
+
+void DialogNodeTools::preview()
+{
+    const QString root = dialog->GetDataDirectory();
+    if (root.isEmpty() || !QDir(root).exists()) {
+        QMessageBox::warning(
+            dialog, QStringLiteral("Kamo"), trDialog("Data directory:\n\n'%1'\n\ninvalid").arg(root), QMessageBox::Ok);
+        return;
+    }
+    const int operation = dialog->GetOperationId();
+    if (!DlgNodeTools::HasPreview(operation))
+        return;
+    std::unique_ptr<NodeTool> tool = createTool(operation, root);
+    auto* blockTool = dynamic_cast<BlockNodeTool*>(tool.get());
+    if (!blockTool)
+        return;
+    blockTool->SetDryRun(true);
+    execute(*blockTool, dialog);
+
+    DlgNodeToolsPreview view(dialog);
+    view.SetResult(dialog->OperationLabels().value(operation), blockTool->FileProcessor());
+    // "Ausführen" is OK pressed from the preview: the run that follows is
+    // the one OK starts, backup and all.
+    if (view.exec() == QDialog::Accepted && dialog)
+        dialog->OnAccepted();
+}
+
+std::unique_ptr<NodeTool> DialogNodeTools::createTool(int operation, const QString& root) const
 {
     const QString category = dialog->GetCategoryFilterEnabled() ? dialog->GetCategoryFilter() : QString();
     const QString name = dialog->GetNameFilterEnabled() ? dialog->GetNameFilterExpression() : QString();
     // Every block tool but the name matching works on the checked nodes'
     // documents; the name matching looks at all annotation files.
-    const auto blockTool = [this](auto* tool) {
-        tool->SetProjectRootDir(projectRootDir);
+    const auto blockTool = [this, &root](auto* tool) {
+        tool->SetProjectRootDir(root);
         tool->SetFileNames(dialog->GetFilesOfCheckedNodes());
         return std::unique_ptr<NodeTool>(tool);
     };
@@ -189,7 +227,7 @@ std::unique_ptr<NodeTool> DialogNodeTools::createTool(int operation) const
     switch (operation) {
     case 0: {
         auto* tool = new ReplaceNameInAnnotationsNT;
-        tool->SetProjectRootDir(projectRootDir);
+        tool->SetProjectRootDir(root);
         tool->SetAllAnnotationFiles(true);
         tool->SetNodesMap(nodes);
         tool->SetIgnorePathOnCompare(dialog->GetIgnorePathOnCompare());
@@ -216,7 +254,7 @@ std::unique_ptr<NodeTool> DialogNodeTools::createTool(int operation) const
     case 4: {
         auto* tool = new ConvertFreeHandPinsNT;
         tool->SetFileNames(dialog->GetFilesOfCheckedNodes());
-        tool->SetProjectRootDir(projectRootDir);
+        tool->SetProjectRootDir(root);
         tool->SetFilesPinMap(filesPins);
         return std::unique_ptr<NodeTool>(tool);
     }
@@ -239,7 +277,7 @@ std::unique_ptr<NodeTool> DialogNodeTools::createTool(int operation) const
     }
     case 7: {
         auto* tool = new AnalyzeProjectNT;
-        tool->SetProjectRootDir(projectRootDir);
+        tool->SetProjectRootDir(root);
         tool->SetNodesMap(nodes);
         tool->SetFilesMap(files);
         return std::unique_ptr<NodeTool>(tool);

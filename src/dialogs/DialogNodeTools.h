@@ -64,7 +64,11 @@ public:
 private:
     // The tool of operation `operation` with the options of the dialog;
     // null for an unknown operation.
-    std::unique_ptr<NodeTool> createTool(int operation) const;
+    std::unique_ptr<NodeTool> createTool(int operation, const QString& root) const;
+    // Runs `tool` under a progress dialog and a wait cursor.
+    static void execute(NodeTool& tool, QWidget* progressParent);
+    // The dry run of the dialog's operation and the window that shows it.
+    void preview();
 
     QWidget* parent;
     QPointer<DlgNodeTools> dialog;

@@ -1,5 +1,7 @@
 #include "dialogs/DlgNodeTools.h"
 
+#include "dialogs/DlgNodeToolsBackups.h"
+
 #include "ui_DlgNodeTools.h"
 
 #include <CheckableTree.h>
@@ -12,6 +14,7 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QIntValidator>
+#include <QPushButton>
 #include <QSettings>
 #include <QTextStream>
 
@@ -115,6 +118,15 @@ DlgNodeTools::DlgNodeTools(QWidget* parent)
     connect(ui->btnHREFReplacePathMapFile, &QAbstractButton::clicked, this,
         &DlgNodeTools::OnSelectHREFReplacePathMapFileClicked);
     connect(ui->buttonBox, &QDialogButtonBox::accepted, this, &DlgNodeTools::OnAccepted);
+    // Beside OK rather than in the form: a run without them stays as it was.
+    previewButton = ui->buttonBox->addButton(tr("Vorschau…"), QDialogButtonBox::ActionRole);
+    previewButton->setObjectName(QStringLiteral("btnPreview"));
+    previewButton->setAutoDefault(false);
+    backupsButton = ui->buttonBox->addButton(tr("Sicherungen…"), QDialogButtonBox::ActionRole);
+    backupsButton->setObjectName(QStringLiteral("btnBackups"));
+    backupsButton->setAutoDefault(false);
+    connect(previewButton, &QAbstractButton::clicked, this, &DlgNodeTools::PreviewRequested);
+    connect(backupsButton, &QAbstractButton::clicked, this, &DlgNodeTools::OnBackupsClicked);
     connect(ui->buttonBox, &QDialogButtonBox::rejected, this, &DlgNodeTools::OnRejected);
 
     // A typed folder counts as much as a chosen one; red says it is missing.
@@ -241,8 +253,32 @@ void DlgNodeTools::colourDataDirectory()
 void DlgNodeTools::OnOperationIdChanged(int)
 {
     ui->tabOptions->clear();
-    for (int tab : TabsOfOperation(ui->cbxNodeOperationSelect->currentIndex()))
+    const int operation = ui->cbxNodeOperationSelect->currentIndex();
+    for (int tab : TabsOfOperation(operation))
         ui->tabOptions->addTab(tabPages.value(tab), tabTitles.value(tab));
+    if (previewButton)
+        previewButton->setEnabled(HasPreview(operation));
+}
+
+bool DlgNodeTools::HasPreview(int id)
+{
+    // The analysis only reads.
+    return id >= 0 && id < OperationCount && id != 7;
+}
+
+QStringList DlgNodeTools::OperationLabels() const
+{
+    QStringList labels;
+    for (int i = 0; i < ui->cbxNodeOperationSelect->count(); ++i)
+        labels.append(ui->cbxNodeOperationSelect->itemText(i));
+    return labels;
+}
+
+void DlgNodeTools::OnBackupsClicked()
+{
+    DlgNodeToolsBackups backups(this);
+    backups.SetProject(dataDirectory, OperationLabels());
+    backups.exec();
 }
 
 void DlgNodeTools::OnCurrentOptionsTabChanged(int index)

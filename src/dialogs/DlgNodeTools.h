@@ -13,6 +13,7 @@ class CheckableTree;
 class GalleryInfo;
 class NodeInfo;
 class ParticipantInfo;
+class QPushButton;
 class QSettings;
 class TableInfo;
 class TreeWidget;
@@ -98,6 +99,15 @@ public:
 
     CheckableTree* GetNodeTree() const { return nodeTree; }
 
+    // The combo's labels, indexed by operation id.
+    QStringList OperationLabels() const;
+    // Whether operation `id` changes files, so that a dry run can show it.
+    static bool HasPreview(int id);
+
+Q_SIGNALS:
+    // "Vorschau…": whoever runs the operations shows what it would change.
+    void PreviewRequested();
+
 public Q_SLOTS:
     void OnCurrentOptionsTabChanged(int index);
     void OnSelectBaseDirFolderClicked();
@@ -106,6 +116,8 @@ public Q_SLOTS:
     void OnSelectHREFReplacePathMapFileClicked();
     void OnAccepted();
     void OnRejected();
+    // Lists the backups of the data directory; one may be restored.
+    void OnBackupsClicked();
 
 private:
     void colourDataDirectory();
@@ -117,6 +129,8 @@ private:
     QMap<int, QString> tabTitles;
     QMap<int, QWidget*> tabPages;
     CheckableTree* nodeTree = nullptr;
+    QPushButton* previewButton = nullptr;
+    QPushButton* backupsButton = nullptr;
     QString projectId;
     QString projectName;
     QString dataDirectory;

@@ -201,4 +201,23 @@ bool ReplaceFile(const QString& path, const QByteArray& bytes, QString* error)
 
 #endif
 
+bool CanReplaceFile(const QString& path, QString* error)
+{
+    // The replacement is made beside the file: the folder must take it.
+    const QString folder = QFileInfo(resolveSymbolicLinks(path)).absolutePath();
+#ifdef Q_OS_UNIX
+    if (::access(QFile::encodeName(folder).constData(), W_OK | X_OK) == 0)
+        return true;
+    if (error)
+        *error = systemError(errno);
+    return false;
+#else
+    if (QFileInfo(folder).isWritable())
+        return true;
+    if (error)
+        *error = QStringLiteral("Permission denied");
+    return false;
+#endif
+}
+
 } // namespace AnnotationFileIO

@@ -24,6 +24,11 @@ QByteArray EncodeText(const QString& text, bool withBom);
 // content untouched and no temporary file behind. On failure `error` says why.
 bool ReplaceFile(const QString& path, const QByteArray& bytes, QString* error);
 
+// Whether ReplaceFile could replace the file at `path` as far as can be told
+// without writing: its folder takes new files. On failure `error` says why,
+// as ReplaceFile would.
+bool CanReplaceFile(const QString& path, QString* error);
+
 } // namespace AnnotationFileIO
 
 #endif

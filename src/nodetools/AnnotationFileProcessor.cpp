@@ -237,13 +237,17 @@ void AnnotationFileProcessor::processFile(const QString& path, ObjectBlockProces
         warnings.append(tr("%1: not valid UTF-8, left unchanged").arg(path));
         return;
     }
+    const QByteArray newBytes = AnnotationFileIO::EncodeText(decoded.text, decoded.hasBom);
     QString error;
-    if (!dryRun
-        && !AnnotationFileIO::ReplaceFile(path, AnnotationFileIO::EncodeText(decoded.text, decoded.hasBom), &error)) {
+    const bool written = dryRun ? AnnotationFileIO::CanReplaceFile(path, &error)
+                                : AnnotationFileIO::ReplaceFile(path, newBytes, &error);
+    if (!written) {
         warnings.append(tr("%1: could not be written (%2), left unchanged").arg(path, error));
         return;
     }
     ++filesChanged;
     changedFiles.append(path);
     changedBlockCounts.append(changedBlocks);
+    if (dryRun)
+        changedContents.append(newBytes);
 }

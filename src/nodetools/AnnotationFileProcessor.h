@@ -3,6 +3,7 @@
 
 #include "kamo_tools_export.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -34,7 +35,9 @@ public:
     void SetProgressCallback(ProgressCallback* callback) { progressCallback = callback; }
 
     // Processes and counts everything as a real run would, but writes
-    // nothing: GetChangedFiles() then lists the files that would be written.
+    // nothing: GetChangedFiles() then lists the files that would be written,
+    // GetChangedContents() what they would hold, and a file whose folder
+    // would not take the replacement is warned about as in a real run.
     void SetDryRun(bool dry) { dryRun = dry; }
 
     void Run(ObjectBlockProcessor& processor);
@@ -58,6 +61,9 @@ public:
     // with 0 changed only by the normalised line ends.
     const QStringList& GetChangedFiles() const { return changedFiles; }
     const QList<int>& GetChangedBlockCounts() const { return changedBlockCounts; }
+    // After a dry run: for each of GetChangedFiles() the bytes that a real
+    // run would write. Empty after a real run.
+    const QList<QByteArray>& GetChangedContents() const { return changedContents; }
 
     // The project's data folder: the cleaned root followed by "/Daten".
     static QString DataDirectory(const QString& projectRootDir);
@@ -86,6 +92,7 @@ private:
     QStringList warnings;
     QStringList changedFiles;
     QList<int> changedBlockCounts;
+    QList<QByteArray> changedContents;
 };
 
 #endif

@@ -10,6 +10,8 @@
 #include <QSaveFile>
 #include <QThread>
 
+#include <algorithm>
+
 const QString NodeToolBackup::BackupRootName = QStringLiteral("ann_sic");
 const QString NodeToolBackup::LogFileName = QStringLiteral("nodeToolOperation.log");
 const QString NodeToolBackup::TimeStampFormat = QStringLiteral("dd.MM.yyyy hh.mm.ss");
@@ -108,4 +110,48 @@ bool NodeToolBackup::Restore(const QString& stamp, QStringList* restored)
             restored->append(names.at(i));
     }
     return true;
+}
+
+QList<NodeToolBackupInfo> NodeToolBackup::List(const QString& projectRootDir)
+{
+    QList<NodeToolBackupInfo> backups;
+    if (projectRootDir.isEmpty())
+        return backups;
+    const QDir root(
+        QDir::cleanPath(AnnotationFileProcessor::DataDirectory(projectRootDir)) + QLatin1Char('/') + BackupRootName);
+    const QStringList names = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString& name : names) {
+        NodeToolBackupInfo info;
+        info.stamp = name;
+        info.time = QDateTime::fromString(name, TimeStampFormat);
+        const QDir folder(root.filePath(name));
+        info.fileCount
+            = folder.entryList({ QLatin1Char('*') + AnnotationFileProcessor::AnnotationExtension }, QDir::Files).size();
+
+        QFile log(folder.filePath(LogFileName));
+        if (log.open(QIODevice::ReadOnly)) {
+            // Logs are short; a huge file here is no log of ours.
+            const QByteArray bytes = log.read(64 * 1024);
+            info.logRead = log.error() == QFileDevice::NoError;
+            if (info.logRead) {
+                info.logText = QString::fromUtf8(bytes);
+                for (const QString& line : info.logText.split(QLatin1Char('\n'))) {
+                    const QString value = line.section(QLatin1Char(':'), 1).trimmed();
+                    if (line.startsWith(QLatin1String("Node Tool Operation:")))
+                        info.operation = value;
+                    else if (line.startsWith(QLatin1String("Source:")))
+                        info.source = value;
+                    else if (line.startsWith(QLatin1String("User:")))
+                        info.user = value;
+                }
+            }
+        }
+        backups.append(info);
+    }
+    std::stable_sort(backups.begin(), backups.end(), [](const NodeToolBackupInfo& a, const NodeToolBackupInfo& b) {
+        if (a.time.isValid() != b.time.isValid())
+            return a.time.isValid();
+        return a.time.isValid() && a.time > b.time;
+    });
+    return backups;
 }

@@ -2,6 +2,9 @@
 #define KAMO_TOOLS_NODETOOLBACKUP_H
 
 #include "kamo_tools_export.h"
+#include "nodetools/NodeToolBackupInfo.h"
+
+#include <QList>
 
 #include <QString>
 #include <QStringList>
@@ -31,6 +34,12 @@ public:
     // `restored` receives the file names put back.
     bool Restore(const QString& stamp, QStringList* restored = nullptr);
     QString ErrorString() const { return errorString; }
+
+    // Every folder under "Daten/ann_sic" of the project, newest first; folders
+    // whose name is no time stamp follow in name order. A log that is
+    // missing or unreadable leaves the run's fields empty, never the folder
+    // out.
+    static QList<NodeToolBackupInfo> List(const QString& projectRootDir);
 
     static const QString BackupRootName; // "ann_sic"
     static const QString LogFileName;    // "nodeToolOperation.log"

@@ -3,6 +3,8 @@
 
 #include <dialogs/DialogNodeTools.h>
 #include <dialogs/DlgNodeTools.h>
+#include <dialogs/DlgNodeToolsBackups.h>
+#include <nodetools/NodeToolBackup.h>
 
 #include <CheckableTree.h>
 #include <NodeFileInfo.h>
@@ -15,6 +17,8 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTest>
@@ -109,6 +113,9 @@ private Q_SLOTS:
     void showModalStopsBeforeTheRun_data();
     void showModalStopsBeforeTheRun();
     void categoryFilterReachesOperationWithoutFilterTab();
+    void previewWritesNothingAndListsWhatTheRunChanges_data();
+    void previewWritesNothingAndListsWhatTheRunChanges();
+    void restoreFromTheBackupListGivesTheBackupBack();
 };
 
 void DlgNodeToolsTest::tabsFollowTheOperation_data()
@@ -324,6 +331,107 @@ void DlgNodeToolsTest::categoryFilterReachesOperationWithoutFilterTab()
     const QString after = QString::fromUtf8(host.project.Read("Plan.ann"));
     QVERIFY(!after.contains(kanal));
     QVERIFY(after.contains(strom));
+}
+
+void DlgNodeToolsTest::previewWritesNothingAndListsWhatTheRunChanges_data()
+{
+    QTest::addColumn<bool>("execute");
+    QTest::newRow("Ausführen runs as OK would") << true;
+    QTest::newRow("Schließen returns to the dialog") << false;
+}
+
+void DlgNodeToolsTest::previewWritesNothingAndListsWhatTheRunChanges()
+{
+    QFETCH(bool, execute);
+    Host host;
+    const QByteArray before = HostText({ "ANN=2", "BO", "NA=S1", splitLink("x.pdf"), "EO" });
+    host.project.Write("Plan.ann", before);
+    host.project.Write("Lose.ann", before); // no node's document: stays
+    bool analysisPreviewable = true;
+    QStringList listed;
+    QByteArray duringPreview;
+    QString text;
+    ModalDriver driver;
+    driver.Expect("DlgNodeTools", [&](QWidget* window) {
+        auto* dialog = static_cast<DlgNodeTools*>(window);
+        auto* operations = child<QComboBox>(dialog, "cbxNodeOperationSelect");
+        operations->setCurrentIndex(7);
+        analysisPreviewable = child<QPushButton>(dialog, "btnPreview")->isEnabled();
+        operations->setCurrentIndex(1);
+        dialog->GetNodeTree()->SetAllChecked(true);
+        QTimer::singleShot(0, child<QPushButton>(dialog, "btnPreview"), &QPushButton::click);
+    });
+    driver.Expect("DlgNodeToolsPreview", [&](QWidget* preview) {
+        auto* files = child<QTreeWidget>(preview, "treeChangedFiles");
+        for (int i = 0; i < files->topLevelItemCount(); ++i)
+            listed.append(files->topLevelItem(i)->text(0) + ": " + files->topLevelItem(i)->text(1));
+        duringPreview = host.project.Read("Plan.ann");
+        if (!QDir(host.project.DataPath("ann_sic")).exists())
+            duringPreview += " and no backup";
+        child<QPushButton>(preview, execute ? "btnExecute" : "btnClose")->click();
+    });
+    if (execute)
+        driver.Expect("QMessageBox", [&text](QWidget* box) {
+            text = static_cast<QMessageBox*>(box)->text();
+            static_cast<QMessageBox*>(box)->accept();
+        });
+    else
+        driver.Expect("DlgNodeTools", [](QWidget* dialog) { static_cast<QDialog*>(dialog)->reject(); });
+
+    DialogNodeTools tools(nullptr);
+    host.Setup(tools, host.project.Root());
+    tools.ShowModal();
+
+    QVERIFY(!analysisPreviewable);
+    QCOMPARE(listed, QStringList { "Plan.ann: 1" });
+    QCOMPARE(duringPreview, before + " and no backup");
+    QCOMPARE(host.project.Read("Lose.ann"), before);
+    if (execute) {
+        QCOMPARE(text, "Dateien verändert: 1");
+        QCOMPARE(host.project.Read("Plan.ann"), HostText({ "ANN=2", "BO", "NA=S1", "EO" }));
+        QCOMPARE(QDir(host.project.DataPath("ann_sic")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+    } else {
+        QCOMPARE(driver.Seen(), (QStringList { "DlgNodeTools", "DlgNodeToolsPreview", "DlgNodeTools" }));
+        QCOMPARE(host.project.Read("Plan.ann"), before);
+    }
+}
+
+void DlgNodeToolsTest::restoreFromTheBackupListGivesTheBackupBack()
+{
+    TestProject project;
+    project.Write("Plan.ann", "vorher");
+    NodeToolBackup backup;
+    backup.projectRootDir = project.Root();
+    backup.logText = "Node Tool Operation: 1\nSource: " + project.Root() + "\nUser: mmeier";
+    QVERIFY(backup.Create());
+    project.Write("Plan.ann", "nachher");
+    QVERIFY(QDir(project.DataDir()).mkpath("ann_sic/kaputt"));
+
+    DlgNodeToolsBackups list;
+    list.SetProject(project.Root(), { "Bezeichnungen abgleichen", "HREF: In Objekten entfernen" });
+    auto* backups = child<QTreeWidget>(&list, "treeBackups");
+    QCOMPARE(backups->topLevelItemCount(), 2);
+    QCOMPARE(backups->topLevelItem(0)->text(1), "HREF: In Objekten entfernen");
+    QCOMPARE(backups->topLevelItem(1)->text(0), "kaputt (kein Zeitstempel)");
+    QVERIFY(child<QPlainTextEdit>(&list, "txtLog")->toPlainText().startsWith("Node Tool Operation: 1\n"));
+
+    QString question;
+    QString report;
+    ModalDriver driver;
+    driver.Expect("QMessageBox", [&question](QWidget* box) {
+        question = static_cast<QMessageBox*>(box)->text();
+        static_cast<QMessageBox*>(box)->button(QMessageBox::Yes)->click();
+    });
+    driver.Expect("QMessageBox", readBox(&report, &report));
+    backups->setCurrentItem(backups->topLevelItem(0));
+    list.OnRestoreClicked();
+
+    QVERIFY2(question.contains("Dateien, die ersetzt werden: 1"), qPrintable(question));
+    QVERIFY2(report.startsWith("Dateien wiederhergestellt: 1"), qPrintable(report));
+    QCOMPARE(project.Read("Plan.ann"), QByteArray("vorher"));
+    // The state before the restore is the newest backup now.
+    QCOMPARE(backups->topLevelItemCount(), 3);
+    QVERIFY(backups->topLevelItem(0)->text(1).startsWith("Wiederherstellung "));
 }
 
 QTEST_MAIN(DlgNodeToolsTest)

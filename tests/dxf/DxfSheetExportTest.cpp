@@ -334,6 +334,10 @@ void DxfSheetExportTest::writableFileInAReadOnlyFolderIsRewritten()
     }
     const auto restore = qScopeGuard([user] { QVERIFY(seteuid(user) == 0); });
     QVERIFY2(!QFile(folder + "/probe").open(QIODevice::WriteOnly), "the folder is writable after all");
+    // A root folder that only root may enter (a bare chroot made with
+    // mktemp -d) keeps "nobody" from the file itself.
+    if (!QFile(out).open(QIODevice::ReadWrite))
+        QSKIP("the file is out of reach of the user the test runs as");
 
     QString error;
     QVERIFY2(

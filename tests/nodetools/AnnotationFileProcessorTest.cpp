@@ -65,6 +65,7 @@ private Q_SLOTS:
     void byteOrderMarkAndNulBytesSurvive();
     void replacementKeepsSymbolicLinkAndPermissions();
     void allFilesModeTakesTopLevelAnnotationFilesInNameOrder();
+    void dryRunPredictsTheRealRunByteForByte();
     void failedWriteKeepsOldContentAndLeavesNoTemporaryFile_data();
     void failedWriteKeepsOldContentAndLeavesNoTemporaryFile();
 };
@@ -200,6 +201,37 @@ void AnnotationFileProcessorTest::allFilesModeTakesTopLevelAnnotationFilesInName
 // The write runs in a child process under a file-size limit far below the
 // new content: once with the limit's signal ignored (the write fails), once
 // with its default action (the process is killed in the middle of writing).
+void AnnotationFileProcessorTest::dryRunPredictsTheRealRunByteForByte()
+{
+    TestProject project;
+    project.Write("a.ann", withLinks);
+    project.Write("b.ann",
+        "\xEF\xBB\xBF"
+        "DOC=b.pdf\nBO\nNA=S\nEO\n\n"); // line ends only, with a BOM
+    project.Write("c.ann", withoutLinks);
+    project.Write("d.ann", withLinks + "\xFF"); // not UTF-8
+    const QStringList documents { "a.pdf", "b.pdf", "c.pdf", "d.pdf", "missing.pdf" };
+
+    AnnotationFileProcessor dry;
+    dry.SetProjectRootDir(project.Root());
+    dry.SetFileNames(documents);
+    dry.SetDryRun(true);
+    RemoveHREFBlockProcessor remove;
+    dry.Run(remove);
+    QCOMPARE(project.Read("a.ann"), withLinks);
+    QCOMPARE(project.DataEntries(), (QStringList { "a.ann", "b.ann", "c.ann", "d.ann" }));
+
+    const AnnotationFileProcessor real = removeLinks(project, documents);
+    QCOMPARE(dry.GetChangedFiles(), real.GetChangedFiles());
+    QCOMPARE(dry.GetChangedBlockCounts(), (QList<int> { 1, 0 }));
+    QCOMPARE(dry.GetWarnings(), real.GetWarnings());
+    QCOMPARE(dry.GetFilesExamined(), real.GetFilesExamined());
+    QCOMPARE(dry.GetChangedContents().size(), 2);
+    QCOMPARE(dry.GetChangedContents().at(0), project.Read("a.ann"));
+    QCOMPARE(dry.GetChangedContents().at(1), project.Read("b.ann"));
+    QVERIFY(real.GetChangedContents().isEmpty());
+}
+
 void AnnotationFileProcessorTest::failedWriteKeepsOldContentAndLeavesNoTemporaryFile_data()
 {
     QTest::addColumn<bool>("killed");

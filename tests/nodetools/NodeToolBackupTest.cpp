@@ -28,6 +28,7 @@ private Q_SLOTS:
     void failsWithoutUsableProject_data();
     void failsWithoutUsableProject();
     void secondBackupInSameSecondSharesFolderAndOverwritesLogStart();
+    void listShowsEveryFolderNewestFirstDamagedOnesToo();
 };
 
 void NodeToolBackupTest::copiesAnnotationFilesIntoTimeStampedFolderWithLog()
@@ -98,6 +99,44 @@ void NodeToolBackupTest::secondBackupInSameSecondSharesFolderAndOverwritesLogSta
         return;
     }
     QFAIL("could not get two backups into one second");
+}
+
+void NodeToolBackupTest::listShowsEveryFolderNewestFirstDamagedOnesToo()
+{
+    TestProject project;
+    project.Write("a.ann", "A");
+    NodeToolBackup latest = backupOf(project, "Node Tool Operation: 5\nSource: C:\\Projekt\nUser: mmeier");
+    QVERIFY(latest.Create());
+    QVERIFY(QDir(project.DataDir()).mkpath("ann_sic/01.01.2020 10.00.00"));
+    QVERIFY(QDir(project.DataDir()).mkpath("ann_sic/04.04.2022 10.00.00"));
+    project.Write("ann_sic/01.01.2020 10.00.00/a.ann", "old");
+    project.Write("ann_sic/01.01.2020 10.00.00/b.ann", "old");
+    project.Write("ann_sic/01.01.2020 10.00.00/nodeToolOperation.log",
+        "Node Tool Operation: restore 31.12.2019 09.00.00\r\nSource: /p\r\nUser: root\r\n");
+    QVERIFY(QDir(project.DataDir()).mkpath("ann_sic/kaputt"));
+    QVERIFY(QDir(project.DataDir()).mkpath("ann_sic/03.03.2021 10.00.00/nodeToolOperation.log"));
+    project.Write("ann_sic/04.04.2022 10.00.00/nodeToolOperation.log", QByteArray("\xFF\x00\x01Node", 7));
+    project.Write("ann_sic/stray.txt", "not a backup");
+
+    const QList<NodeToolBackupInfo> list = NodeToolBackup::List(project.Root());
+    QStringList stamps;
+    for (const NodeToolBackupInfo& info : list)
+        stamps.append(info.stamp);
+    QCOMPARE(stamps,
+        (QStringList { QFileInfo(latest.GetBackupFolder()).fileName(), "04.04.2022 10.00.00", "03.03.2021 10.00.00",
+            "01.01.2020 10.00.00", "kaputt" }));
+
+    QCOMPARE(list.at(0).operation, "5");
+    QCOMPARE(list.at(0).source, "C:\\Projekt");
+    QCOMPARE(list.at(0).user, "mmeier");
+    QCOMPARE(list.at(0).fileCount, 1);
+    QVERIFY(list.at(1).logRead && list.at(1).operation.isEmpty());
+    QVERIFY(!list.at(2).logRead);
+    QCOMPARE(list.at(3).operation, "restore 31.12.2019 09.00.00");
+    QCOMPARE(list.at(3).user, "root");
+    QCOMPARE(list.at(3).fileCount, 2);
+    QVERIFY(!list.at(4).time.isValid() && !list.at(4).logRead);
+    QVERIFY(NodeToolBackup::List(project.Root() + "/nowhere").isEmpty());
 }
 
 QTEST_GUILESS_MAIN(NodeToolBackupTest)

@@ -1,0 +1,50 @@
+#ifndef KAMO_TOOLS_DLGNODETOOLSPREVIEW_H
+#define KAMO_TOOLS_DLGNODETOOLSPREVIEW_H
+
+#include "kamo_tools_export.h"
+
+#include <QByteArray>
+#include <QDialog>
+#include <QList>
+#include <QStringList>
+
+class AnnotationFileProcessor;
+class QPushButton;
+
+namespace Ui {
+class DlgNodeToolsPreview;
+}
+
+// What a node-tool run would do, from its dry run: the files that would
+// change with their number of changed objects, the old and new text of the
+// selected one side by side, and the warnings the run would give.
+// "Ausführen" accepts the dialog (the caller then runs the operation),
+// "Schließen" rejects it.
+class KAMO_TOOLS_EXPORT DlgNodeToolsPreview : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit DlgNodeToolsPreview(QWidget* parent = nullptr);
+    ~DlgNodeToolsPreview() override;
+
+    // Takes over the results of `files`, which must have run dry.
+    void SetResult(const QString& operationLabel, const AnnotationFileProcessor& files);
+
+    // The HTML of a comparison of `oldText` and `newText`, as shown.
+    static QString ComparisonHtml(const QString& oldText, const QString& newText, int* changes = nullptr);
+
+public Q_SLOTS:
+    void OnCurrentFileChanged();
+    void OnNextChangeClicked();
+
+private:
+    Ui::DlgNodeToolsPreview* ui;
+    QPushButton* executeButton = nullptr;
+    QStringList paths;
+    QList<QByteArray> contents;
+    int changeCount = 0;
+    int currentChange = -1;
+};
+
+#endif

@@ -1,0 +1,35 @@
+#ifndef KAMO_TOOLS_LINEDIFF_H
+#define KAMO_TOOLS_LINEDIFF_H
+
+#include "kamo_tools_export.h"
+
+#include <QStringList>
+#include <QVector>
+
+// Lines of an old and a new text aligned for a side-by-side view: the
+// shortest edit between them, with the lines removed and added at one place
+// paired up as changed lines, as a reader compares them.
+class KAMO_TOOLS_EXPORT LineDiff
+{
+public:
+    enum Kind { Same, Changed, Removed, Added };
+
+    // One row of the view; a line number is 0-based, -1 where that side has
+    // no line (an added line has no old one, a removed line no new one).
+    struct Row {
+        Kind kind;
+        int oldLine;
+        int newLine;
+        bool operator==(const Row& other) const
+        {
+            return kind == other.kind && oldLine == other.oldLine && newLine == other.newLine;
+        }
+    };
+
+    static QVector<Row> Compare(const QStringList& oldLines, const QStringList& newLines);
+
+    // A text cut at every line end (CR LF, LF or CR), empty lines kept.
+    static QStringList SplitLines(const QString& text);
+};
+
+#endif
