@@ -205,7 +205,7 @@ GERMAN_NUMERUS = {
 }
 
 # Contexts whose source texts are German.
-GERMAN_CONTEXTS = {"DlgNodeTools", "DlgAnalyzeProject"}
+GERMAN_CONTEXTS = {"DlgNodeTools", "DlgNodeToolsPreview", "DlgNodeToolsBackups", "DlgAnalyzeProject"}
 
 
 def main(path):

@@ -32,6 +32,23 @@ MS-KS-2024\CheckedItems=Node:2, Node:3, Node:4, Node:5
 LastOperationIndex=1
 INI
 shot "$work/node-tools.ini" --lang de --open node-tools --screenshot "$images/dlg-node-tools.png"
+# What making the links of those nodes split would change, before it is done.
+sed 's/^LastOperationIndex=1$/LastOperationIndex=3/' "$work/node-tools.ini" >"$work/node-tools-preview.ini"
+shot "$work/node-tools-preview.ini" --lang de --open node-tools --click btnPreview \
+    --screenshot "$images/dlg-node-tools-preview.png"
+# Two runs with backups and the undoing of the first, then the list of the
+# three backups they left. The sample itself stays as it was: the copy is
+# made anew below.
+"$bin/kamo-tools" node href-to-split --project "$project" --all --backup >/dev/null
+sleep 1
+"$bin/kamo-tools" node change-pages --project "$project" --all --page-delta 1 --backup >/dev/null
+sleep 1
+first=$(ls "$project/Daten/ann_sic" | sort -k1.7,1.10 -k1.4,1.5 -k1.1,1.2 -k2 | head -n 1)
+"$bin/kamo-tools" node restore --project "$project" --backup "$first" >/dev/null
+shot "$work/node-tools.ini" --lang de --open node-tools --click btnBackups \
+    --screenshot "$images/dlg-node-tools-backups.png"
+rm -rf "$project"
+cp -r "$root/sample/Musterstadt-Kanalsanierung" "$work/"
 
 # The shape import on the sample's sheet frames, with the sheet number and
 # scale columns assigned, in English and in German.

@@ -1,11 +1,14 @@
 #include "MainWindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDialog>
 #include <QDir>
 #include <QFileInfo>
 #include <QLibraryInfo>
+#include <QPointer>
+#include <QProgressDialog>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -59,7 +62,11 @@ int main(int argc, char* argv[])
         QStringLiteral("Open a tool of the Werkzeuge menu at start: node-tools, shape-import or dxf-tools. "
                        "With --screenshot, the tool's dialog is saved instead of the window."),
         QStringLiteral("TOOL"));
-    parser.addOptions({ settingsOption, languageOption, screenshotOption, toolOption });
+    const QCommandLineOption clickOption(QStringLiteral("click"),
+        QStringLiteral("With --open and --screenshot: press the tool's button NAME (its object name, e.g. btnPreview) "
+                       "and save the window it opens instead."),
+        QStringLiteral("NAME"));
+    parser.addOptions({ settingsOption, languageOption, screenshotOption, toolOption, clickOption });
     parser.process(app);
 
     if (parser.positionalArguments().size() > 1) {
@@ -112,13 +119,33 @@ int main(int argc, char* argv[])
         QTimer::singleShot(200, &window, [&]() {
             if (!tool.isEmpty()) {
                 QTimer poll;
+                const QString click = parser.value(clickOption);
+                QPointer<QDialog> toolDialog;
                 QObject::connect(&poll, &QTimer::timeout, [&]() {
                     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-                    if (!dialog)
+                    // A progress window comes and goes on its own.
+                    if (!dialog || qobject_cast<QProgressDialog*>(dialog))
+                        return;
+                    if (!click.isEmpty() && !toolDialog) {
+                        toolDialog = dialog;
+                        auto* button = dialog->findChild<QAbstractButton*>(click);
+                        if (!button) {
+                            err() << QStringLiteral("kamo-host: no button \"%1\"").arg(click) << Qt::endl;
+                            poll.stop();
+                            dialog->reject();
+                            return;
+                        }
+                        // Pressed from the loop: the window it opens runs its own.
+                        QTimer::singleShot(0, button, &QAbstractButton::click);
+                        return;
+                    }
+                    if (dialog == toolDialog)
                         return;
                     poll.stop();
                     save(dialog);
                     dialog->reject();
+                    if (toolDialog)
+                        QTimer::singleShot(0, toolDialog.data(), &QDialog::reject);
                 });
                 poll.start(300);
                 if (!window.RunTool(tool))

@@ -49,8 +49,12 @@ QString DlgNodeToolsBackups::operationLabel(const NodeToolBackupInfo& info) cons
     const int id = info.operation.toInt(&isNumber);
     if (isNumber && id >= 0 && id < operationLabels.size())
         return operationLabels.at(id);
-    if (info.operation.startsWith(QLatin1String("restore")))
-        return tr("Wiederherstellung %1").arg(info.operation.mid(7).trimmed());
+    if (info.operation.startsWith(QLatin1String("restore"))) {
+        const QString stamp = info.operation.mid(7).trimmed();
+        const QDateTime time = QDateTime::fromString(stamp, NodeToolBackup::TimeStampFormat);
+        return tr("Wiederherstellung der Sicherung vom %1")
+            .arg(time.isValid() ? time.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")) : stamp);
+    }
     return info.operation;
 }
 

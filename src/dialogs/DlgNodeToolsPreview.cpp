@@ -36,13 +36,13 @@ QString readable(const QString& line)
     for (const QChar c : line) {
         switch (c.unicode()) {
         case 0x11: // between the fields of a link target
-            mark("#c05800", QChar(0x2411));
+            mark("#c05800", QChar(0x00A6));
             break;
         case 0x12: // between the targets of a split link
-            mark("#1f5fbf", QChar(0x2412));
+            mark("#1f5fbf", QChar(0x2016));
             break;
         case 0x13: // between the zones of a path or page list
-            mark("#7a6a00", QChar(0x2413));
+            mark("#7a6a00", QChar(0x2506));
             break;
         case '<':
             html += QLatin1String("&lt;");
@@ -72,9 +72,11 @@ QString readable(const QString& line)
 QString cell(const QStringList& lines, int line, const char* colour)
 {
     if (line < 0)
-        return QStringLiteral("<td></td><td bgcolor=\"%1\" width=\"50%\"></td>").arg(QLatin1String(emptyColour));
+        return QStringLiteral("<td width=\"1%\"></td><td bgcolor=\"%1\" width=\"49%\"></td>")
+            .arg(QLatin1String(emptyColour));
     const QString background = colour ? QStringLiteral(" bgcolor=\"%1\"").arg(QLatin1String(colour)) : QString();
-    return QStringLiteral("<td align=\"right\" style=\"color:#808080\">%1</td><td%2 width=\"50%\">%3</td>")
+    return QStringLiteral("<td align=\"right\" width=\"1%\" style=\"color:#808080; white-space:nowrap\">%1</td>"
+                          "<td%2 width=\"49%\">%3</td>")
         .arg(QString::number(line + 1), background, readable(lines.at(line)));
 }
 
@@ -90,6 +92,9 @@ DlgNodeToolsPreview::DlgNodeToolsPreview(QWidget* parent)
     , ui(new Ui::DlgNodeToolsPreview)
 {
     ui->setupUi(this);
+    ui->lblLegend->setText(tr("In Verknüpfungen: <span style=\"color:#c05800\"><b>¦</b></span> trennt die Felder, "
+                              "<span style=\"color:#7a6a00\"><b>┆</b></span> die Zonen, "
+                              "<span style=\"color:#1f5fbf\"><b>‖</b></span> die Ziele."));
     executeButton = ui->buttonBox->addButton(tr("Ausführen"), QDialogButtonBox::AcceptRole);
     executeButton->setObjectName(QStringLiteral("btnExecute"));
     QPushButton* close = ui->buttonBox->addButton(tr("Schließen"), QDialogButtonBox::RejectRole);
@@ -99,7 +104,7 @@ DlgNodeToolsPreview::DlgNodeToolsPreview(QWidget* parent)
     ui->treeChangedFiles->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     ui->splitter->setStretchFactor(0, 1);
     ui->splitter->setStretchFactor(1, 3);
-    ui->splitter->setSizes({ 330, 850 });
+    ui->splitter->setSizes({ 380, 800 });
 
     connect(ui->buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -182,11 +187,14 @@ QString DlgNodeToolsPreview::ComparisonHtml(const QString& oldText, const QStrin
                     + cell(newLines, rows.at(i).newLine, nullptr) + QLatin1String("</tr>");
             continue;
         }
-        html += QStringLiteral("<tr><td colspan=\"4\"><a name=\"change%1\"></a></td></tr>").arg(hunks++);
+        // The anchor of "Nächste Änderung", in the change's first row.
+        html += QStringLiteral("<tr><a name=\"change%1\"></a>").arg(hunks++);
         for (; i < count && rows.at(i).kind != LineDiff::Same; ++i) {
             const LineDiff::Row& row = rows.at(i);
-            html += QLatin1String("<tr>") + cell(oldLines, row.oldLine, removedColour)
-                + cell(newLines, row.newLine, addedColour) + QLatin1String("</tr>");
+            if (!html.endsWith(QLatin1String("</a>")))
+                html += QLatin1String("<tr>");
+            html += cell(oldLines, row.oldLine, removedColour) + cell(newLines, row.newLine, addedColour)
+                + QLatin1String("</tr>");
         }
     }
     html += QLatin1String("</table>");

@@ -585,6 +585,192 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
         <source>Select map file</source>
         <translation>Umsetzungsdatei wählen</translation>
     </message>
+    <message>
+        <source>Vorschau…</source>
+        <translation>Vorschau…</translation>
+    </message>
+    <message>
+        <source>Sicherungen…</source>
+        <translation>Sicherungen…</translation>
+    </message>
+</context>
+<context>
+    <name>DlgNodeToolsBackups</name>
+    <message>
+        <source>Sicherungen</source>
+        <translation>Sicherungen</translation>
+    </message>
+    <message>
+        <source>Zeitpunkt</source>
+        <translation>Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>Funktion</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Quelle</source>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>Benutzer</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>Dateien</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>Protokoll</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Wiederherstellen</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Schließen</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>(kein lesbares Protokoll)</source>
+        <translation>(kein lesbares Protokoll)</translation>
+    </message>
+    <message>
+        <source>Wiederherstellung der Sicherung vom %1</source>
+        <translation>Wiederherstellung der Sicherung vom %1</translation>
+    </message>
+    <message>
+        <source>Sicherungen in %1</source>
+        <translation>Sicherungen in %1</translation>
+    </message>
+    <message>
+        <source>%1 (kein Zeitstempel)</source>
+        <translation>%1 (kein Zeitstempel)</translation>
+    </message>
+    <message>
+        <source>Keine Sicherungen vorhanden.</source>
+        <translation>Keine Sicherungen vorhanden.</translation>
+    </message>
+    <message>
+        <source>Das Protokoll &quot;%1&quot; fehlt oder kann nicht gelesen werden.</source>
+        <translation>Das Protokoll &quot;%1&quot; fehlt oder kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Sicherung wiederherstellen</source>
+        <translation>Sicherung wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Die Sicherung vom %1 wiederherstellen?
+
+Dateien, die ersetzt werden: %2
+
+Der jetzige Stand wird vorher gesichert.</source>
+        <translation>Die Sicherung vom %1 wiederherstellen?
+
+Dateien, die ersetzt werden: %2
+
+Der jetzige Stand wird vorher gesichert.</translation>
+    </message>
+    <message>
+        <source>Sicherung wiederhergestellt</source>
+        <translation>Sicherung wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Dateien wiederhergestellt: %1
+
+Der Stand davor ist gesichert in:
+%2</source>
+        <translation>Dateien wiederhergestellt: %1
+
+Der Stand davor ist gesichert in:
+%2</translation>
+    </message>
+    <message>
+        <source>Die Sicherung konnte nicht wiederhergestellt werden:
+
+%1</source>
+        <translation>Die Sicherung konnte nicht wiederhergestellt werden:
+
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>DlgNodeToolsPreview</name>
+    <message>
+        <source>Vorschau</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Datei</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Objekte</source>
+        <translation>Objekte</translation>
+    </message>
+    <message>
+        <source>Warnungen</source>
+        <translation>Warnungen</translation>
+    </message>
+    <message>
+        <source>Nächste Änderung</source>
+        <translation>Nächste Änderung</translation>
+    </message>
+    <message>
+        <source>In Verknüpfungen: &lt;span style=&quot;color:#c05800&quot;&gt;&lt;b&gt;¦&lt;/b&gt;&lt;/span&gt; trennt die Felder, &lt;span style=&quot;color:#7a6a00&quot;&gt;&lt;b&gt;┆&lt;/b&gt;&lt;/span&gt; die Zonen, &lt;span style=&quot;color:#1f5fbf&quot;&gt;&lt;b&gt;‖&lt;/b&gt;&lt;/span&gt; die Ziele.</source>
+        <translation>In Verknüpfungen: &lt;span style=&quot;color:#c05800&quot;&gt;&lt;b&gt;¦&lt;/b&gt;&lt;/span&gt; trennt die Felder, &lt;span style=&quot;color:#7a6a00&quot;&gt;&lt;b&gt;┆&lt;/b&gt;&lt;/span&gt; die Zonen, &lt;span style=&quot;color:#1f5fbf&quot;&gt;&lt;b&gt;‖&lt;/b&gt;&lt;/span&gt; die Ziele.</translation>
+    </message>
+    <message>
+        <source>Ausführen</source>
+        <translation>Ausführen</translation>
+    </message>
+    <message>
+        <source>Schließen</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Vorschau: %1</source>
+        <translation>Vorschau: %1</translation>
+    </message>
+    <message>
+        <source>Dateien, die sich ändern würden: %1
+Dateien, die bleiben, wie sie sind: %2</source>
+        <translation>Dateien, die sich ändern würden: %1
+Dateien, die bleiben, wie sie sind: %2</translation>
+    </message>
+    <message>
+        <source>nur Zeilenenden</source>
+        <translation>nur Zeilenenden</translation>
+    </message>
+    <message>
+        <source>Warnungen (%1)</source>
+        <translation>Warnungen (%1)</translation>
+    </message>
+    <message>
+        <source>Jetzt</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Nach dem Lauf</source>
+        <translation>Nach dem Lauf</translation>
+    </message>
+    <message>
+        <source>%1 unveränderte Zeilen</source>
+        <translation>%1 unveränderte Zeilen</translation>
+    </message>
+    <message>
+        <source>Keine Datei würde verändert.</source>
+        <translation>Keine Datei würde verändert.</translation>
+    </message>
+    <message>
+        <source>Nur die Zeilenenden ändern sich (CR LF).</source>
+        <translation>Nur die Zeilenenden ändern sich (CR LF).</translation>
+    </message>
+    <message>
+        <source>Änderung %1 von %2</source>
+        <translation>Änderung %1 von %2</translation>
+    </message>
 </context>
 <context>
     <name>DlgShapeImport</name>
