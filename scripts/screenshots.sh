@@ -74,6 +74,9 @@ done
 shot "$work/dxf-tools.ini" --lang de --open dxf-tools --screenshot "$images/dlg-dxf-tools-de.png"
 KAMO_SCREENSHOT_DIR=$images "$bin/DlgDxfToolsTest" showModalRunsTheWorkbench >/dev/null 2>&1
 
+# The geo-system chooser of the shape import, from its test.
+KAMO_SCREENSHOT_DIR=$images "$bin/GeoSysDlgTest" "chooseGeoSystem:double click on a row" >/dev/null 2>&1
+
 # The analysis result, filled from the sample project by the dialog's test.
 KAMO_SCREENSHOT_DIR=$images "$bin/DlgAnalyzeProjectTest" showResultOpensTheFilledDialog >/dev/null 2>&1
 
