@@ -52,10 +52,14 @@ INI
 done
 
 # The DXF workbench on the sample's drawing, as the host opens it (German),
-# and after a correction and an export (English, from the dialog's test).
+# and after a correction and an export, from the dialog's test: the dialog
+# in English, its map in English and German.
 : >"$work/dxf-tools.ini"
 shot "$work/dxf-tools.ini" --lang de --open dxf-tools --screenshot "$images/dlg-dxf-tools-de.png"
-KAMO_SCREENSHOT_DIR=$images "$bin/DlgDxfToolsTest" showModalRunsTheWorkbench >/dev/null 2>&1
+for lang in en de; do
+    KAMO_SCREENSHOT_DIR=$images KAMO_SCREENSHOT_DXF=$project/CAD/Blattschnitte.dxf KAMO_SCREENSHOT_LANG=$lang \
+        "$bin/DlgDxfToolsTest" showModalRunsTheWorkbench >/dev/null 2>&1
+done
 
 # The analysis result, filled from the sample project by the dialog's test.
 KAMO_SCREENSHOT_DIR=$images "$bin/DlgAnalyzeProjectTest" showResultOpensTheFilledDialog >/dev/null 2>&1
