@@ -13,6 +13,9 @@
 #include <dxf/DxfDump.h>
 #include <dxf/DxfSheetExport.h>
 
+#include "BestOf.h"
+#include "SheetDrawingText.h"
+
 #include <dl_creationadapter.h>
 #include <dl_dxf.h>
 
@@ -32,159 +35,9 @@
 
 namespace {
 
-const double east = 3512000.0;
-const double north = 5798000.0;
-const double sheetWidth = 400.0;
-const double sheetHeight = 280.0;
-
-QByteArray sheetNumber(int i)
-{
-    return QByteArray::number(1000 + i);
-}
-
-// Drawings carry the sheet number under either spelling; a few use the
-// second so that both paths of the lookup are exercised.
-QByteArray sheetNumberTag(int i)
-{
-    return i % 7 == 3 ? QByteArrayLiteral("Bl_Nr") : QByteArrayLiteral("BL_NR");
-}
-
-class DxfText
-{
-public:
-    void group(int code, const QByteArray& value)
-    {
-        // Codes right-aligned in three columns, as most writers do.
-        text += QByteArray::number(code).rightJustified(3, ' ');
-        text += '\n';
-        text += value;
-        text += '\n';
-    }
-    void group(int code, double value) { group(code, QByteArray::number(value, 'f', 3)); }
-    void group(int code, int value) { group(code, QByteArray::number(value)); }
-
-    QByteArray text;
-};
-
-void writeLayer(DxfText& dxf, const QByteArray& name, int colour)
-{
-    dxf.group(0, QByteArrayLiteral("LAYER"));
-    dxf.group(2, name);
-    dxf.group(70, 0);
-    dxf.group(62, colour);
-    dxf.group(6, QByteArrayLiteral("CONTINUOUS"));
-}
-
-void writeFrameBlock(DxfText& dxf, int i, int perRow)
-{
-    const double x0 = east + (i % perRow) * sheetWidth;
-    const double y0 = north - (i / perRow) * sheetHeight;
-    QList<QPair<double, double>> vertices
-        = { { x0, y0 }, { x0 + sheetWidth, y0 }, { x0 + sheetWidth, y0 + sheetHeight }, { x0, y0 + sheetHeight } };
-    // Frames drawn in pieces carry extra vertices along a side.
-    if (i % 5 == 1)
-        vertices.insert(1, { x0 + sheetWidth / 2, y0 });
-    if (i % 11 == 2)
-        vertices.insert(vertices.size() - 1, { x0 + sheetWidth, y0 + sheetHeight / 3 });
-
-    dxf.group(0, QByteArrayLiteral("BLOCK"));
-    dxf.group(8, QByteArrayLiteral("0"));
-    dxf.group(2, QByteArrayLiteral("BLATT_") + QByteArray::number(i));
-    dxf.group(70, 2);
-    dxf.group(10, 0.0);
-    dxf.group(20, 0.0);
-    dxf.group(30, 0.0);
-    dxf.group(0, QByteArrayLiteral("LWPOLYLINE"));
-    dxf.group(8, QByteArrayLiteral("BLATTSCHNITT"));
-    dxf.group(90, int(vertices.size()));
-    dxf.group(70, 1);
-    for (const auto& vertex : vertices) {
-        dxf.group(10, vertex.first);
-        dxf.group(20, vertex.second);
-    }
-    dxf.group(0, QByteArrayLiteral("ENDBLK"));
-    dxf.group(8, QByteArrayLiteral("0"));
-}
-
-void writeAttribute(DxfText& dxf, const QByteArray& tag, const QByteArray& text)
-{
-    dxf.group(0, QByteArrayLiteral("ATTRIB"));
-    dxf.group(8, QByteArrayLiteral("BLATTSCHNITT"));
-    dxf.group(10, 0.0);
-    dxf.group(20, 0.0);
-    dxf.group(30, 0.0);
-    dxf.group(40, 2.5);
-    dxf.group(1, text);
-    dxf.group(2, tag);
-    dxf.group(70, 0);
-}
-
-void writeInsert(DxfText& dxf, int i)
-{
-    // Frames are in world coordinates, so every insert sits at the origin.
-    dxf.group(0, QByteArrayLiteral("INSERT"));
-    dxf.group(8, QByteArrayLiteral("BLATTSCHNITT"));
-    dxf.group(66, 1);
-    dxf.group(2, QByteArrayLiteral("BLATT_") + QByteArray::number(i));
-    dxf.group(10, 0.0);
-    dxf.group(20, 0.0);
-    dxf.group(30, 0.0);
-    writeAttribute(dxf, sheetNumberTag(i), sheetNumber(i));
-    writeAttribute(dxf, QByteArrayLiteral("MASSSTAB"), QByteArrayLiteral("1:1000"));
-    dxf.group(0, QByteArrayLiteral("SEQEND"));
-    dxf.group(8, QByteArrayLiteral("BLATTSCHNITT"));
-}
-
-QByteArray drawingText(int inserts)
-{
-    // A few long rows, as a route along a road or a river runs.
-    const int rows = inserts >= 1000 ? 4 : 2;
-    const int perRow = std::max(1, (inserts + rows - 1) / rows);
-    DxfText dxf;
-    dxf.text.reserve(inserts * 900);
-    dxf.group(0, QByteArrayLiteral("SECTION"));
-    dxf.group(2, QByteArrayLiteral("HEADER"));
-    dxf.group(9, QByteArrayLiteral("$ACADVER"));
-    dxf.group(1, QByteArrayLiteral("AC1015"));
-    dxf.group(0, QByteArrayLiteral("ENDSEC"));
-    dxf.group(0, QByteArrayLiteral("SECTION"));
-    dxf.group(2, QByteArrayLiteral("TABLES"));
-    dxf.group(0, QByteArrayLiteral("TABLE"));
-    dxf.group(2, QByteArrayLiteral("LAYER"));
-    dxf.group(70, 2);
-    writeLayer(dxf, QByteArrayLiteral("0"), 7);
-    writeLayer(dxf, QByteArrayLiteral("BLATTSCHNITT"), 1);
-    dxf.group(0, QByteArrayLiteral("ENDTAB"));
-    dxf.group(0, QByteArrayLiteral("ENDSEC"));
-    dxf.group(0, QByteArrayLiteral("SECTION"));
-    dxf.group(2, QByteArrayLiteral("BLOCKS"));
-    for (int i = 0; i < inserts; ++i)
-        writeFrameBlock(dxf, i, perRow);
-    dxf.group(0, QByteArrayLiteral("ENDSEC"));
-    dxf.group(0, QByteArrayLiteral("SECTION"));
-    dxf.group(2, QByteArrayLiteral("ENTITIES"));
-    for (int i = 0; i < inserts; ++i)
-        writeInsert(dxf, i);
-    dxf.group(0, QByteArrayLiteral("ENDSEC"));
-    dxf.group(0, QByteArrayLiteral("EOF"));
-    return dxf.text;
-}
-
 // Empty: what is left is dxflib parsing the file.
 class NullAdapter : public DL_CreationAdapter
 { };
-
-double bestOf(int rounds, const std::function<void()>& run)
-{
-    double best = std::numeric_limits<double>::max();
-    for (int r = 0; r < rounds; ++r) {
-        QElapsedTimer timer;
-        timer.start();
-        run();
-        best = std::min(best, timer.nsecsElapsed() / 1e6);
-    }
-    return best;
-}
 
 // Empty when the capture holds what was written, else what differs first.
 QString checkCapture(const DxfDrawing& drawing, int inserts)
@@ -195,7 +48,7 @@ QString checkCapture(const DxfDrawing& drawing, int inserts)
         return QStringLiteral("%1 blocks read, %2 written").arg(drawing.blocks.size()).arg(inserts);
     for (int i = 0; i < inserts; ++i) {
         const DxfInsert& insert = drawing.inserts.at(i);
-        if (insert.SheetNumber() != QString::fromLatin1(sheetNumber(i)) || insert.attributes.size() != 2)
+        if (insert.SheetNumber() != QString::fromLatin1(SheetDrawingNumber(i)) || insert.attributes.size() != 2)
             return QStringLiteral("insert %1: sheet number '%2', %3 attributes")
                 .arg(i)
                 .arg(insert.SheetNumber())
@@ -235,7 +88,7 @@ int main(int argc, char** argv)
     const QString path = dir.filePath(QStringLiteral("sheets.dxf"));
     {
         QFile file(path);
-        if (!dir.isValid() || !file.open(QIODevice::WriteOnly) || file.write(drawingText(inserts)) < 0) {
+        if (!dir.isValid() || !file.open(QIODevice::WriteOnly) || file.write(SheetDrawingText(inserts)) < 0) {
             out << "warning: cannot write " << path << '\n';
             return 1;
         }
@@ -258,12 +111,12 @@ int main(int argc, char** argv)
     double checkMs = floorMs;
     double captureMs = floorMs;
     for (int r = 0; r < rounds; ++r) {
-        floorMs = std::min(floorMs, bestOf(1, [&] {
+        floorMs = std::min(floorMs, BestOf(1, [&] {
             NullAdapter adapter;
             DL_Dxf().in(nativePath, &adapter);
         }));
-        checkMs = std::min(checkMs, bestOf(1, [&] { DxfDump::CheckFile(path); }));
-        captureMs = std::min(captureMs, bestOf(1, [&] { read = DxfDrawing::Read(path, captured[r], &error) && read; }));
+        checkMs = std::min(checkMs, BestOf(1, [&] { DxfDump::CheckFile(path); }));
+        captureMs = std::min(captureMs, BestOf(1, [&] { read = DxfDrawing::Read(path, captured[r], &error) && read; }));
     }
     const DxfDrawing& drawing = captured.front();
 
@@ -284,7 +137,7 @@ int main(int argc, char** argv)
     DxfDrawing corrected;
     for (int r = 0; r < rounds; ++r) {
         DxfDrawing copy = drawing;
-        correctMs = std::min(correctMs, bestOf(1, [&] { log = DxfSheetExport::CorrectVertexPositions(copy); }));
+        correctMs = std::min(correctMs, BestOf(1, [&] { log = DxfSheetExport::CorrectVertexPositions(copy); }));
         corrected = copy;
     }
     if (!log.isEmpty())
@@ -294,7 +147,7 @@ int main(int argc, char** argv)
     int written = 0;
     bool exported = true;
     const double exportMs
-        = bestOf(rounds, [&] { exported = DxfSheetExport::ExportGK2(corrected, gk2, &written, &error) && exported; });
+        = BestOf(rounds, [&] { exported = DxfSheetExport::ExportGK2(corrected, gk2, &written, &error) && exported; });
     if (!exported || written != inserts)
         warnings.append(QStringLiteral("the export wrote %1 of %2 inserts %3").arg(written).arg(inserts).arg(error));
     rows.append({ QStringLiteral("CorrectVertexPositions"), correctMs });
@@ -303,13 +156,13 @@ int main(int argc, char** argv)
 
     QString dumpText;
     rows.append({ QStringLiteral("dump (DumpFileToText)"),
-        bestOf(rounds, [&] { DxfDump::DumpFileToText(path, dumpText, nullptr); }) });
+        BestOf(rounds, [&] { DxfDump::DumpFileToText(path, dumpText, nullptr); }) });
 
     QString toolNote;
     if (QFileInfo(tool).isExecutable()) {
         const QString dumpFile = dir.filePath(QStringLiteral("dump.txt"));
         bool ran = true;
-        const double toolMs = bestOf(rounds, [&] {
+        const double toolMs = BestOf(rounds, [&] {
             QProcess process;
             process.setStandardOutputFile(dumpFile);
             process.start(tool, { QStringLiteral("dxf"), QStringLiteral("dump"), path });

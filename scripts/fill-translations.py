@@ -186,6 +186,24 @@ GERMAN = {
     "Polyline %1 (vertices: %2)": "Polylinie %1 (Stützpunkte: %2)",
     "&Stop Dump": "Auflisten &anhalten",
     "Dump stopped": "Auflisten angehalten",
+    "Fi&t All": "Alles &zeigen",
+    "Show every sheet frame of the drawing": "Alle Blattrahmen der Zeichnung zeigen",
+    # Map of the DXF workbench
+    "Used": "Verwendet",
+    "Left out": "Ausgelassen",
+    "Selected": "Ausgewählt",
+    "Reported": "Gemeldet",
+    "Route": "Trasse",
+    "No sheet frames": "Keine Blattrahmen",
+    "Wheel: zoom; drag: move the map; click: select the insert":
+        "Mausrad: zoomen; ziehen: Karte verschieben; Klick: Blockreferenz auswählen",
+    "Insert %1, block %2, sheet number %3": "Blockreferenz %1, Block %2, Blattnummer %3",
+    "The rectangle detector found not exactly one rectangle in its frame: no corner labels":
+        "Die Rechteckerkennung fand in ihrem Rahmen nicht genau ein Rechteck: keine benannten Ecken",
+    "Left without corner labels: the revision stopped at this frame or before it":
+        "Ohne benannte Ecken: die Eckenkorrektur brach bei diesem Rahmen oder davor ab",
+    "Its frame has only one pair of parallel sides; labelled all the same":
+        "Ihr Rahmen hat nur ein Paar paralleler Seiten; trotzdem benannt",
     # Geo-system chooser
     "Select Geo System": "Geosystem auswählen",
     "EPSG code or name": "EPSG-Code oder Name",

@@ -69,10 +69,14 @@ INI
 done
 
 # The DXF workbench on the sample's drawing, as the host opens it (German),
-# and after a correction and an export (English, from the dialog's test).
+# and after a correction and an export, from the dialog's test: the dialog
+# in English, its map in English and German.
 : >"$work/dxf-tools.ini"
 shot "$work/dxf-tools.ini" --lang de --open dxf-tools --screenshot "$images/dlg-dxf-tools-de.png"
-KAMO_SCREENSHOT_DIR=$images "$bin/DlgDxfToolsTest" showModalRunsTheWorkbench >/dev/null 2>&1
+for lang in en de; do
+    KAMO_SCREENSHOT_DIR=$images KAMO_SCREENSHOT_DXF=$project/CAD/Blattschnitte.dxf KAMO_SCREENSHOT_LANG=$lang \
+        "$bin/DlgDxfToolsTest" showModalRunsTheWorkbench >/dev/null 2>&1
+done
 
 # The geo-system chooser of the shape import, from its test.
 KAMO_SCREENSHOT_DIR=$images "$bin/GeoSysDlgTest" "chooseGeoSystem:double click on a row" >/dev/null 2>&1

@@ -1,5 +1,7 @@
 #include "dialogs/DlgDxfTools.h"
 
+#include "dialogs/DxfSheetMapWidget.h"
+#include "dxf/DxfCorrectionResult.h"
 #include "dxf/DxfDump.h"
 #include "dxf/DxfSheetExport.h"
 #include "gk/VtxPosition.h"
@@ -29,6 +31,7 @@ const QString KeyBlockFilter = QStringLiteral("BlockFilter");
 const QString KeyLastExportFile = QStringLiteral("LastExportFile");
 const QString KeyMainSplitter = QStringLiteral("MainSplitter");
 const QString KeyTopSplitter = QStringLiteral("TopSplitter");
+const QString KeyDetailSplitter = QStringLiteral("DetailSplitter");
 
 enum InsertColumn { ColIndex, ColBlock, ColSheet, ColLayer, ColCorners, ColPosition };
 
@@ -70,9 +73,11 @@ DlgDxfTools::DlgDxfTools(QWidget* parent)
     // changes, which takes minutes on a drawing of thousands of sheets.
     ui->insertTree->header()->setStretchLastSection(true);
     ui->vertexTree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    ui->topSplitter->setSizes({ 600, 480 });
+    ui->topSplitter->setSizes({ 580, 600 });
     ui->vertexTree->setIndentation(12);
-    ui->mainSplitter->setSizes({ 430, 250 });
+    ui->mainSplitter->setSizes({ 560, 200 });
+    ui->detailSplitter->setSizes({ 370, 190 });
+    ui->sheetMap->SetDrawing(&drawing);
 
     connect(ui->openButton, &QPushButton::clicked, this, &DlgDxfTools::OnOpenClicked);
     connect(ui->applyFilterButton, &QPushButton::clicked, this, &DlgDxfTools::OnApplyFilterClicked);
@@ -86,6 +91,10 @@ DlgDxfTools::DlgDxfTools(QWidget* parent)
     connect(ui->clearOutputButton, &QPushButton::clicked, ui->outputEdit, &QPlainTextEdit::clear);
     connect(ui->insertTree, &QTreeWidget::itemChanged, this, &DlgDxfTools::OnInsertItemChanged);
     connect(ui->insertTree, &QTreeWidget::currentItemChanged, this, &DlgDxfTools::OnCurrentInsertChanged);
+    connect(ui->insertTree, &QTreeWidget::currentItemChanged, this, &DlgDxfTools::centerMapOn);
+    connect(ui->insertTree, &QTreeWidget::itemSelectionChanged, this, &DlgDxfTools::showSelectionOnMap);
+    connect(ui->sheetMap, &DxfSheetMapWidget::InsertClicked, this, &DlgDxfTools::OnMapInsertClicked);
+    connect(ui->fitAllButton, &QPushButton::clicked, ui->sheetMap, &DxfSheetMapWidget::FitAll);
     connect(ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
     showSummary();
 }
@@ -101,6 +110,7 @@ void DlgDxfTools::Initialize()
         restoreGeometry(settings->value(Group + KeyGeometry).toByteArray());
         ui->mainSplitter->restoreState(settings->value(Group + KeyMainSplitter).toByteArray());
         ui->topSplitter->restoreState(settings->value(Group + KeyTopSplitter).toByteArray());
+        ui->detailSplitter->restoreState(settings->value(Group + KeyDetailSplitter).toByteArray());
         ui->blockFilterEdit->setText(settings->value(Group + KeyBlockFilter).toString());
     }
     QString file = presetFile;
@@ -137,7 +147,9 @@ bool DlgDxfTools::OpenFile(const QString& file)
     const QString pattern = ui->blockFilterEdit->text();
     if (QRegularExpression(pattern).isValid())
         drawing.UseInsertsOfBlocks(QRegularExpression(pattern));
+    ui->sheetMap->SetDrawing(&drawing);
     fillInsertTree();
+    showSelectionOnMap();
     appendOutput(tr("Opened %1: %2 layers, %3 blocks, %4 inserts")
                      .arg(QDir::toNativeSeparators(file))
                      .arg(drawing.layers.size())
@@ -192,14 +204,16 @@ bool DlgDxfTools::DumpDxf()
 void DlgDxfTools::CorrectVertexPositions()
 {
     QStringList log;
+    DxfCorrectionResult result;
     {
         WaitCursor wait;
         for (DxfBlock& block : drawing.blocks) {
             for (DxfPolyline& polyline : block.polylines)
                 polyline.labels.clear();
         }
-        log = DxfSheetExport::CorrectVertexPositions(drawing);
+        log = DxfSheetExport::CorrectVertexPositions(drawing, result);
     }
+    ui->sheetMap->SetCorrection(result);
     for (const QString& line : qAsConst(log))
         appendOutput(line);
     int labelled = 0;
@@ -299,11 +313,23 @@ void DlgDxfTools::OnInsertItemChanged(QTreeWidgetItem* item, int column)
     if (index >= 0 && index < drawing.inserts.size())
         drawing.inserts[index].use = item->checkState(ColIndex) == Qt::Checked;
     showSummary();
+    ui->sheetMap->update();
 }
 
 void DlgDxfTools::OnCurrentInsertChanged(QTreeWidgetItem* current)
 {
     showVertices(current ? current->data(ColIndex, Qt::UserRole).toInt() : -1);
+}
+
+void DlgDxfTools::OnMapInsertClicked(int insert)
+{
+    QTreeWidgetItem* item = ui->insertTree->topLevelItem(insert);
+    if (!item)
+        return;
+    selectingFromMap = true;
+    ui->insertTree->setCurrentItem(item);
+    selectingFromMap = false;
+    ui->insertTree->scrollToItem(item);
 }
 
 void DlgDxfTools::done(int result)
@@ -365,6 +391,24 @@ void DlgDxfTools::showCheckStates()
     for (int i = 0; i < tree->topLevelItemCount() && i < drawing.inserts.size(); ++i)
         tree->topLevelItem(i)->setCheckState(ColIndex, drawing.inserts.at(i).use ? Qt::Checked : Qt::Unchecked);
     showSummary();
+    ui->sheetMap->update();
+}
+
+void DlgDxfTools::showSelectionOnMap()
+{
+    QList<int> inserts;
+    const QList<QTreeWidgetItem*> items = ui->insertTree->selectedItems();
+    inserts.reserve(items.size());
+    for (const QTreeWidgetItem* item : items)
+        inserts.append(item->data(ColIndex, Qt::UserRole).toInt());
+    ui->sheetMap->SetSelectedInserts(inserts);
+}
+
+void DlgDxfTools::centerMapOn(QTreeWidgetItem* current)
+{
+    // The frame clicked on is where the user looks already.
+    if (current && !selectingFromMap)
+        ui->sheetMap->CenterOn(current->data(ColIndex, Qt::UserRole).toInt());
 }
 
 void DlgDxfTools::showCorners()
@@ -459,6 +503,7 @@ void DlgDxfTools::saveState()
     settings->setValue(Group + KeyGeometry, saveGeometry());
     settings->setValue(Group + KeyMainSplitter, ui->mainSplitter->saveState());
     settings->setValue(Group + KeyTopSplitter, ui->topSplitter->saveState());
+    settings->setValue(Group + KeyDetailSplitter, ui->detailSplitter->saveState());
     settings->setValue(Group + KeyBlockFilter, ui->blockFilterEdit->text());
 }
 

@@ -17,10 +17,11 @@ class DlgDxfTools;
 
 // The DXF workbench: opens a drawing, lists its inserts with block, sheet
 // number and a use check box, lets a block filter set those check boxes,
-// shows the vertices of the current insert's frame with their corner labels,
-// and offers the dump listing, the corner correction and the GK2 export,
-// each reporting into the output log. The drawing lives as long as the
-// dialog, so labels found by a correction stay for the next export.
+// shows the vertices of the current insert's frame with their corner labels
+// and a map of all frames with the route of the last correction, and offers
+// the dump listing, the corner correction and the GK2 export, each reporting
+// into the output log. The drawing lives as long as the dialog, so labels
+// found by a correction stay for the next export.
 class KAMO_TOOLS_EXPORT DlgDxfTools : public QDialog
 {
     Q_OBJECT
@@ -74,6 +75,8 @@ public Q_SLOTS:
     void OnBlockFilterChanged(const QString& text);
     void OnInsertItemChanged(QTreeWidgetItem* item, int column);
     void OnCurrentInsertChanged(QTreeWidgetItem* current);
+    // A click on a frame of the map makes its insert the current one.
+    void OnMapInsertClicked(int insert);
 
 protected:
     void done(int result) override;
@@ -87,6 +90,8 @@ private:
     void showCorners();
     void showSummary();
     void showVertices(int insert);
+    void showSelectionOnMap();
+    void centerMapOn(QTreeWidgetItem* current);
     void setBusy(bool busy);
     void saveState();
     QString startFolder() const;
@@ -101,6 +106,8 @@ private:
     // A dump processes events while it runs; closing must wait for it.
     bool busy = false;
     bool stopDump = false;
+    // The map does not move to what a click on it selected.
+    bool selectingFromMap = false;
 };
 
 #endif

@@ -26,20 +26,24 @@ const DxfBlock* findBlock(const DxfDrawing& drawing, const QHash<QString, int>& 
 // stops at the first sheet whose frame has no pair of parallel sides, leaving
 // that sheet and all after it unlabelled; a frame with only one pair is
 // reported but labelled all the same.
-QStringList revisionFailure(GK::CRoutingTilesRevisor::GKError error, const std::vector<GK::CGKSheet>& ensemble)
+QStringList revisionFailure(
+    GK::CRoutingTilesRevisor::GKError error, const std::vector<GK::CGKSheet>& ensemble, DxfCorrectionResult& result)
 {
     const QString name = error == GK::CRoutingTilesRevisor::geSidesMissing ? QStringLiteral("geSidesMissing")
                                                                            : QString::number(int(error));
     QStringList log;
     QStringList unlabelled;
     for (const GK::CGKSheet& sheet : ensemble) {
-        if (!unlabelled.isEmpty() || sheet.sides[GK::CGKSheet::stLong].vector1 < 0)
+        if (!unlabelled.isEmpty() || sheet.sides[GK::CGKSheet::stLong].vector1 < 0) {
             unlabelled.append(QString::number(sheet.tileIndex));
-        else if (sheet.sides[GK::CGKSheet::stShort].vector1 < 0)
+            result.unlabelled.append(sheet.tileIndex);
+        } else if (sheet.sides[GK::CGKSheet::stShort].vector1 < 0) {
+            result.oneParallelPair.append(sheet.tileIndex);
             log.append(QCoreApplication::translate("DxfSheetExport",
                 "Vertex revision reported %1 for insert %2: its frame has only one pair of parallel sides; its "
                 "corners are labelled all the same")
                            .arg(name, QString::number(sheet.tileIndex)));
+        }
     }
     if (!unlabelled.isEmpty())
         log.append(QCoreApplication::translate("DxfSheetExport",
@@ -55,6 +59,13 @@ QStringList revisionFailure(GK::CRoutingTilesRevisor::GKError error, const std::
 
 QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing)
 {
+    DxfCorrectionResult result;
+    return CorrectVertexPositions(drawing, result);
+}
+
+QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing, DxfCorrectionResult& result)
+{
+    result = DxfCorrectionResult();
     QStringList log;
     std::vector<GK::CGKSheet> ensemble;
     const QHash<QString, int> blocks = drawing.BlockIndex();
@@ -71,6 +82,7 @@ QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing)
         if (rectangles.size() != 1) {
             // The missing parenthesis is what existing log readers expect.
             log.append(QStringLiteral("Rectangle detector detected less or more than one rectangle (Block:%1").arg(i));
+            result.notOneRectangle.append(i);
             continue;
         }
         const QList<YPoint>& rectangle = rectangles.first();
@@ -80,13 +92,14 @@ QStringList DxfSheetExport::CorrectVertexPositions(DxfDrawing& drawing)
         GK::CGKSheet sheet(corners);
         sheet.tileIndex = i;
         ensemble.push_back(sheet);
+        result.route.append(i);
     }
     if (ensemble.empty())
         return log;
 
     const GK::CRoutingTilesRevisor::GKError error = GK::CRoutingTilesRevisor(ensemble).Revise();
     if (error != GK::CRoutingTilesRevisor::geNone)
-        log += revisionFailure(error, ensemble);
+        log += revisionFailure(error, ensemble, result);
 
     for (const GK::CGKSheet& sheet : ensemble) {
         // Non-const access detaches the drawing from any copy of it.

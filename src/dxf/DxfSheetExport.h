@@ -1,6 +1,7 @@
 #ifndef KAMO_TOOLS_DXF_DXFSHEETEXPORT_H
 #define KAMO_TOOLS_DXF_DXFSHEETEXPORT_H
 
+#include "dxf/DxfCorrectionResult.h"
 #include "dxf/DxfDrawing.h"
 #include "kamo_tools_export.h"
 
@@ -22,6 +23,9 @@ public:
     // rectangle, and, when the labelling along the route does not finish,
     // its error and the inserts it left unlabelled.
     static QStringList CorrectVertexPositions(DxfDrawing& drawing);
+    // The same, and `result` receives what the log lines say, as insert
+    // numbers, and the order of the route.
+    static QStringList CorrectVertexPositions(DxfDrawing& drawing, DxfCorrectionResult& result);
 
     // Writes the labelled corners of every used insert with a sheet number
     // and a block with polylines, in list order. The file is replaced only

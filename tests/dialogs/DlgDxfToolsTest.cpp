@@ -2,6 +2,7 @@
 
 #include <dialogs/DialogDxfTools.h>
 #include <dialogs/DlgDxfTools.h>
+#include <dialogs/DxfSheetMapWidget.h>
 #include <dxf/DxfDump.h>
 
 #include <QDialogButtonBox>
@@ -11,10 +12,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
+#include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTranslator>
 #include <QTreeWidget>
+#include <QWheelEvent>
 
 namespace {
 
@@ -51,7 +55,26 @@ QList<int> usedInserts(const DlgDxfTools& dialog)
     return used;
 }
 
+// A dialog on screen at its default size, the drawing open: the map needs a
+// size to place its frames.
+void showWith(DlgDxfTools& dialog, const QString& file)
+{
+    QVERIFY(dialog.OpenFile(data(file)));
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+}
+
+void sendMouse(QWidget* widget, QEvent::Type type, const QPointF& at)
+{
+    const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, at, widget->mapToGlobal(at.toPoint()), Qt::LeftButton, buttons, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
 } // namespace
+
+using FrameState = DxfSheetMapWidget::FrameState;
+Q_DECLARE_METATYPE(DxfSheetMapWidget::FrameState)
 
 class DlgDxfToolsTest : public QObject
 {
@@ -72,6 +95,11 @@ private Q_SLOTS:
     void dumpButtonStopsARunningDump();
     void settingsBringBackFileFilterAndGeometry();
     void showModalRunsTheWorkbench();
+    void mapLabelsTheCornersAsTheListingDoes();
+    void mapDrawsFramesByUseAndReport_data();
+    void mapDrawsFramesByUseAndReport();
+    void selectionFollowsBetweenListAndMap();
+    void mapPansAndZoomsAboutThePointer();
 
     // A line edit's clear button fades in through an animation that only
     // notices on its next frame that its button is gone, and then deletes
@@ -345,13 +373,26 @@ void DlgDxfToolsTest::settingsBringBackFileFilterAndGeometry()
 }
 
 // Drives the workbench as the host shows it. With KAMO_SCREENSHOT_DIR set,
-// the dialog is saved there as a picture after the export.
+// the dialog and its map are saved there as pictures after the export:
+// KAMO_SCREENSHOT_DXF then names a copy of the drawing to show, in a folder
+// fit to be seen (the file name shows in the pictures), and
+// KAMO_SCREENSHOT_LANG the language of the texts (only the map is saved in
+// another language than English).
 void DlgDxfToolsTest::showModalRunsTheWorkbench()
 {
+    const QString screenshots = qEnvironmentVariable("KAMO_SCREENSHOT_DIR");
+    const QString language = qEnvironmentVariable("KAMO_SCREENSHOT_LANG", "en");
+    QTranslator translator;
+    if (language != "en") {
+        QVERIFY(translator.load(":/kamo_tools/kamo_tools_" + language + ".qm"));
+        QCoreApplication::installTranslator(&translator);
+    }
+    const QString drawing = qEnvironmentVariable("KAMO_SCREENSHOT_DXF", data("route.dxf"));
+
     QTemporaryDir dir;
     QSettings settings(dir.filePath("settings.ini"), QSettings::IniFormat);
     DialogDxfTools tools(nullptr, &settings);
-    tools.SetDxfFilename(data("route.dxf"));
+    tools.SetDxfFilename(drawing);
     tools.Initialize();
 
     ModalDriver driver;
@@ -363,9 +404,21 @@ void DlgDxfToolsTest::showModalRunsTheWorkbench()
         dialog->ExportGK2(dir.filePath("route.gk2"));
         auto* tree = child<QTreeWidget>(dialog, "insertTree");
         tree->setCurrentItem(tree->topLevelItem(4));
-        const QString screenshots = qEnvironmentVariable("KAMO_SCREENSHOT_DIR");
-        if (!screenshots.isEmpty())
-            dialog->grab().save(screenshots + "/dlg-dxf-tools.png");
+        if (!screenshots.isEmpty()) {
+            child<QPushButton>(dialog, "fitAllButton")->click();
+            if (language == "en")
+                dialog->grab().save(screenshots + "/dlg-dxf-tools.png");
+            // The map alone, large enough for its labels to be read.
+            dialog->resize(1500, 1000);
+            child<QSplitter>(dialog, "mainSplitter")->setSizes({ 780, 180 });
+            child<QSplitter>(dialog, "topSplitter")->setSizes({ 560, 920 });
+            child<QSplitter>(dialog, "detailSplitter")->setSizes({ 660, 100 });
+            QTest::qWait(50);
+            child<QPushButton>(dialog, "fitAllButton")->click();
+            auto* map = child<QWidget>(dialog, "mapGroup");
+            const QRect area(map->mapTo(dialog, QPoint(0, 0)), map->size());
+            dialog->grab(area.adjusted(-2, -2, 2, 2)).save(screenshots + "/dlg-dxf-tools-map-" + language + ".png");
+        }
         child<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Close)->click();
     });
     tools.ShowModal();
@@ -374,6 +427,132 @@ void DlgDxfToolsTest::showModalRunsTheWorkbench()
     QCOMPARE(bytesOf(dir.filePath("route.gk2")), bytesOf(data("route.gk2")));
     QCOMPARE(settings.value("DxfToolsDialog/BlockFilter").toString(), QString("^BLATT_"));
     QCOMPARE(usedInserts(*tools.GetDialog()), (QList<int> { 0, 1, 2, 3, 4, 5, 6 }));
+}
+
+// The map names a corner as the vertex listing does, at that vertex; the
+// route through all seven sheets is handed over with the labels.
+void DlgDxfToolsTest::mapLabelsTheCornersAsTheListingDoes()
+{
+    DlgDxfTools dialog;
+    showWith(dialog, "route.dxf");
+    auto* map = child<DxfSheetMapWidget>(&dialog, "sheetMap");
+    auto* tree = child<QTreeWidget>(&dialog, "insertTree");
+    tree->setCurrentItem(tree->topLevelItem(3));
+    map->ZoomAt(2.0, map->rect().center());
+    QVERIFY(map->GetCornerLabels().isEmpty());
+
+    child<QPushButton>(&dialog, "correctButton")->click();
+    QCOMPARE(map->GetRoute(), (QList<int> { 0, 1, 2, 3, 4, 5, 6 }));
+    const QMap<QString, QString> listed { { "TL", "vpTopLeft" }, { "TR", "vpTopRight" }, { "BR", "vpBottomRight" },
+        { "BL", "vpBottomLeft" } };
+    QStringList seen;
+    QTreeWidgetItem* polyline = child<QTreeWidget>(&dialog, "vertexTree")->topLevelItem(0);
+    for (const DxfSheetMapWidget::CornerLabel& label : map->GetCornerLabels()) {
+        if (label.insert != 3)
+            continue;
+        const QPointF world = map->WidgetToWorld(label.corner);
+        for (int v = 0; v < polyline->childCount(); ++v) {
+            if (std::abs(polyline->child(v)->text(1).toDouble() - world.x()) < 1e-3
+                && std::abs(polyline->child(v)->text(2).toDouble() - world.y()) < 1e-3)
+                QCOMPARE(polyline->child(v)->text(3), listed.value(label.text));
+        }
+        seen.append(label.text);
+    }
+    seen.sort();
+    QCOMPARE(seen, (QStringList { "BL", "BR", "TL", "TR" }));
+}
+
+void DlgDxfToolsTest::mapDrawsFramesByUseAndReport_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("insert");
+    QTest::addColumn<bool>("leftOutAfterwards");
+    QTest::addColumn<FrameState>("state");
+
+    QTest::newRow("one rectangle") << "sheets.dxf" << 3 << false << FrameState::Used;
+    QTest::newRow("not one rectangle") << "sheets.dxf" << 4 << false << FrameState::Reported;
+    QTest::newRow("reported, then left out") << "sheets.dxf" << 4 << true << FrameState::Unused;
+    QTest::newRow("block without polyline") << "sheets.dxf" << 6 << false << FrameState::NoFrame;
+    QTest::newRow("labelled before the revision stopped") << "kite.dxf" << 0 << false << FrameState::Used;
+    QTest::newRow("where the revision stopped") << "kite.dxf" << 1 << false << FrameState::Reported;
+    QTest::newRow("after the revision stopped") << "kite.dxf" << 2 << false << FrameState::Reported;
+}
+
+void DlgDxfToolsTest::mapDrawsFramesByUseAndReport()
+{
+    QFETCH(QString, file);
+    QFETCH(int, insert);
+    QFETCH(bool, leftOutAfterwards);
+    QFETCH(FrameState, state);
+
+    DlgDxfTools dialog;
+    showWith(dialog, file);
+    auto* map = child<DxfSheetMapWidget>(&dialog, "sheetMap");
+    dialog.CorrectVertexPositions();
+    if (leftOutAfterwards)
+        child<QTreeWidget>(&dialog, "insertTree")->topLevelItem(insert)->setCheckState(0, Qt::Unchecked);
+    QCOMPARE(map->GetFrameState(insert), state);
+
+    // A drawing opened anew has not been reported on.
+    QVERIFY(dialog.OpenFile(data(file)));
+    QCOMPARE(map->GetFrameState(insert), state == FrameState::NoFrame ? state : FrameState::Used);
+    QVERIFY(map->GetRoute().isEmpty());
+}
+
+void DlgDxfToolsTest::selectionFollowsBetweenListAndMap()
+{
+    DlgDxfTools dialog;
+    showWith(dialog, "route.dxf");
+    auto* map = child<DxfSheetMapWidget>(&dialog, "sheetMap");
+    auto* tree = child<QTreeWidget>(&dialog, "insertTree");
+
+    tree->setCurrentItem(tree->topLevelItem(5));
+    QCOMPARE(map->GetSelectedInserts(), QList<int> { 5 });
+    const QPointF middle = QRectF(map->rect()).center();
+    QVERIFY(QLineF(map->WorldToWidget(map->GetFrameCenter(5)), middle).length() < 0.5);
+
+    // Where sheets 104 and 105 overlap, the click goes to the one whose
+    // middle is nearer, 104 (insert 3); the map stays where it was.
+    const QPointF click = map->WorldToWidget(QPointF(3513000, 5812645));
+    QTest::mouseClick(map, Qt::LeftButton, Qt::NoModifier, click.toPoint());
+    QCOMPARE(tree->currentItem(), tree->topLevelItem(3));
+    QCOMPARE(tree->selectedItems(), QList<QTreeWidgetItem*> { tree->topLevelItem(3) });
+    QCOMPARE(map->GetSelectedInserts(), QList<int> { 3 });
+    QVERIFY(QLineF(map->WorldToWidget(map->GetFrameCenter(5)), middle).length() < 0.5);
+
+    // Outside every frame a click changes nothing.
+    QTest::mouseClick(map, Qt::LeftButton, Qt::NoModifier, QPoint(2, 2));
+    QCOMPARE(tree->currentItem(), tree->topLevelItem(3));
+}
+
+void DlgDxfToolsTest::mapPansAndZoomsAboutThePointer()
+{
+    DlgDxfTools dialog;
+    showWith(dialog, "route.dxf");
+    auto* map = child<DxfSheetMapWidget>(&dialog, "sheetMap");
+    auto* tree = child<QTreeWidget>(&dialog, "insertTree");
+    const QPointF sheet = map->GetFrameCenter(2);
+    const QPointF start = map->WorldToWidget(sheet);
+
+    // Dragged 40 pixels right and 30 down, the drawing follows the pointer
+    // (north up) and nothing is selected.
+    sendMouse(map, QEvent::MouseButtonPress, start);
+    sendMouse(map, QEvent::MouseMove, start + QPointF(20, 15));
+    sendMouse(map, QEvent::MouseMove, start + QPointF(40, 30));
+    sendMouse(map, QEvent::MouseButtonRelease, start + QPointF(40, 30));
+    QVERIFY(QLineF(map->WorldToWidget(sheet), start + QPointF(40, 30)).length() < 0.5);
+    QCOMPARE(tree->currentItem(), tree->topLevelItem(0));
+
+    const QPointF pointer = map->WorldToWidget(sheet);
+    const double scale = map->GetScale();
+    QWheelEvent wheel(pointer, map->mapToGlobal(pointer.toPoint()), QPoint(), QPoint(0, 240), Qt::NoButton,
+        Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(map, &wheel);
+    QCOMPARE(map->GetScale(), scale * 1.5625);
+    QVERIFY(QLineF(map->WorldToWidget(sheet), pointer).length() < 0.5);
+
+    child<QPushButton>(&dialog, "fitAllButton")->click();
+    QCOMPARE(map->GetScale(), scale);
 }
 
 QTEST_MAIN(DlgDxfToolsTest)

@@ -178,8 +178,15 @@ void DxfSheetExportTest::correctionLog()
 {
     DxfDrawing drawing;
     QVERIFY(DxfDrawing::Read(fixture("sheets.dxf"), drawing, nullptr));
-    QCOMPARE(DxfSheetExport::CorrectVertexPositions(drawing),
+    DxfCorrectionResult result;
+    result.route = { 99 }; // a result of an earlier run must not leak into this one
+    QCOMPARE(DxfSheetExport::CorrectVertexPositions(drawing, result),
         QStringList { "Rectangle detector detected less or more than one rectangle (Block:4" });
+    // Two polylines (5), no polyline (6) and a missing block (7) are left out
+    // silently, as before.
+    QCOMPARE(result.notOneRectangle, QList<int> { 4 });
+    QCOMPARE(result.Reported(), QList<int> { 4 });
+    QCOMPARE(result.route, (QList<int> { 0, 1, 2, 3 }));
     // The notch vertices stay unlabelled.
     QCOMPARE(drawing.Block("BLATT_42")->polylines.first().labels.keys(), (QList<int> { 0, 4, 5, 6 }));
     QVERIFY(drawing.Block("BLATT_44")->polylines.first().labels.isEmpty());
@@ -401,9 +408,13 @@ void DxfSheetExportTest::kiteFrameStopsTheLabellingWithAReason()
         drawing.inserts.append(insert);
     }
 
-    QCOMPARE(DxfSheetExport::CorrectVertexPositions(drawing),
+    DxfCorrectionResult result;
+    QCOMPARE(DxfSheetExport::CorrectVertexPositions(drawing, result),
         QStringList { "Vertex revision stopped with geSidesMissing at insert 1: its frame has no parallel sides; "
                       "inserts left without corner labels: 1, 2" });
+    QCOMPARE(result.unlabelled, (QList<int> { 1, 2 }));
+    QCOMPARE(result.Reported(), (QList<int> { 1, 2 }));
+    QCOMPARE(result.route, (QList<int> { 0, 1, 2 }));
     QCOMPARE(drawing.blocks.at(0).polylines.first().labels.size(), 4);
     QVERIFY(drawing.blocks.at(1).polylines.first().labels.isEmpty());
     QVERIFY(drawing.blocks.at(2).polylines.first().labels.isEmpty());

@@ -284,6 +284,18 @@
         <source>Dump stopped</source>
         <translation>Auflisten angehalten</translation>
     </message>
+    <message>
+        <source>Map</source>
+        <translation>Karte</translation>
+    </message>
+    <message>
+        <source>Fi&amp;t All</source>
+        <translation>Alles &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>Show every sheet frame of the drawing</source>
+        <translation>Alle Blattrahmen der Zeichnung zeigen</translation>
+    </message>
 </context>
 <context>
     <name>DlgNodeTools</name>
@@ -1050,6 +1062,57 @@ Dateien, die bleiben, wie sie sind: %2</translation>
     <message>
         <source>Vertex revision ended with %1</source>
         <translation>Eckenkorrektur endete mit %1</translation>
+    </message>
+</context>
+<context>
+    <name>DxfSheetMapWidget</name>
+    <message>
+        <source>Used</source>
+        <translation>Verwendet</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Ausgelassen</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Ausgewählt</translation>
+    </message>
+    <message>
+        <source>Reported</source>
+        <translation>Gemeldet</translation>
+    </message>
+    <message>
+        <source>Route</source>
+        <translation>Trasse</translation>
+    </message>
+    <message>
+        <source>No sheet frames</source>
+        <translation>Keine Blattrahmen</translation>
+    </message>
+    <message>
+        <source>No drawing loaded</source>
+        <translation>Keine Zeichnung geladen</translation>
+    </message>
+    <message>
+        <source>Wheel: zoom; drag: move the map; click: select the insert</source>
+        <translation>Mausrad: zoomen; ziehen: Karte verschieben; Klick: Blockreferenz auswählen</translation>
+    </message>
+    <message>
+        <source>Insert %1, block %2, sheet number %3</source>
+        <translation>Blockreferenz %1, Block %2, Blattnummer %3</translation>
+    </message>
+    <message>
+        <source>The rectangle detector found not exactly one rectangle in its frame: no corner labels</source>
+        <translation>Die Rechteckerkennung fand in ihrem Rahmen nicht genau ein Rechteck: keine benannten Ecken</translation>
+    </message>
+    <message>
+        <source>Left without corner labels: the revision stopped at this frame or before it</source>
+        <translation>Ohne benannte Ecken: die Eckenkorrektur brach bei diesem Rahmen oder davor ab</translation>
+    </message>
+    <message>
+        <source>Its frame has only one pair of parallel sides; labelled all the same</source>
+        <translation>Ihr Rahmen hat nur ein Paar paralleler Seiten; trotzdem benannt</translation>
     </message>
 </context>
 <context>

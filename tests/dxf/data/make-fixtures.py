@@ -5,6 +5,7 @@ Run from anywhere; the files land next to this script. The output is
 committed so that the tests need no Python. Name files as arguments to
 write only those (ezdxf stamps dates and ids, so a rewrite changes bytes).
 """
+import math
 import os
 import sys
 
@@ -150,6 +151,27 @@ def umlauts(version):
     return doc
 
 
+def kite():
+    """Three sheets along a route, the middle one a kite that the rectangle
+    detector takes for a rectangle (its fourth corner lies at the diagonal's
+    distance) but that has no parallel sides: the revision stops there,
+    leaving it and the sheet after it without labels."""
+    doc = ezdxf.new("R2000")
+    doc.header["$HANDSEED"] = "FFFF"
+    x0, y0 = 3512000.0, 5812000.0
+    reach = math.hypot(400.0, 280.0) / math.sqrt(2.0)
+    frames = [frame(x0, y0, 400.0, 280.0),
+              [(x0 + 380, y0), (x0 + 780, y0), (x0 + 380 + reach, y0 + reach), (x0 + 380, y0 + 280)],
+              frame(x0 + 760, y0, 400.0, 280.0)]
+    msp = doc.modelspace()
+    for number, ring in enumerate(frames, start=201):
+        name = "BLATT_%d" % number
+        sheet_block(doc, name, ring)
+        insert = msp.add_blockref(name, (0, 0))
+        insert.add_attrib("BL_NR", str(number), (ring[0][0] + 10, ring[0][1] + 10))
+    return doc
+
+
 UMLAUTS = {"umlauts-r12.dxf": "R12", "umlauts-r2000.dxf": "R2000", "umlauts-r2010.dxf": "R2010"}
 
 
@@ -164,10 +186,12 @@ def main():
         sheets().saveas(path("sheets.dxf"))
     if not wanted or "route.dxf" in wanted:
         route().saveas(path("route.dxf"))
+    if not wanted or "kite.dxf" in wanted:
+        kite().saveas(path("kite.dxf"))
     for name, version in UMLAUTS.items():
         if not wanted or name in wanted:
             umlauts(version).saveas(path(name))
-    if wanted and not wanted - {"sheets.dxf", "route.dxf"} - set(UMLAUTS):
+    if wanted and not wanted - {"sheets.dxf", "route.dxf", "kite.dxf"} - set(UMLAUTS):
         return
     drawing().saveas(path("drawing.dxf"))
     with open(path("drawing.dxf"), newline="") as file:
