@@ -7,7 +7,7 @@ set -eu
 
 # clang with its sanitizer and libFuzzer runtimes and llvm's symbolizer:
 # the test command's second build. pkg-config finds shapelib and dxflib.
-packages="build-essential cmake pkg-config clang-format
+packages="build-essential cmake pkg-config clang-format file
 clang libclang-rt-14-dev llvm
 qtbase5-dev qttools5-dev-tools qttranslations5-l10n
 libshp-dev libdxflib-dev libdtl-dev libproj-dev proj-data proj-bin

@@ -1,0 +1,57 @@
+# Debian packages from one build: `cpack -G DEB` in the build folder gives
+#   libkamo-tools<soversion>  the three shared libraries (translation embedded)
+#   libkamo-tools-dev         headers, CMake package, pkg-config files
+#   kamo-tools                the programs kamo-tools and kamo-host
+# Dependencies on other packages are computed from the binaries
+# (dpkg-shlibdeps); the development package needs the runtime package of
+# exactly its version.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME kamo-tools)
+set(CPACK_PACKAGE_VENDOR "kamo_tools developers")
+set(CPACK_PACKAGE_CONTACT "kamo_tools developers <kamo-tools@localhost>")
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_COMPONENTS_ALL runtime development programs)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Our own libraries, which dpkg-shlibdeps finds in no installed package.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+# Debug information stays in the build; packages carry the stripped code.
+set(CPACK_STRIP_FILES ON)
+
+set(kamo_runtime_package libkamo-tools${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${kamo_runtime_package})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+# A shlibs file, so that packages built against these libraries depend on
+# this version or a later one of the same soname.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
+    "tools library for project-based geodata and document management hosts
+The shared libraries kamo_tools, Kamo_view and Kamo_base: node tools over
+annotation files, shape-file import, sheet geometry and a DXF workbench,
+each a Qt dialog behind a facade that a host application calls, with
+their German translation built in.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkamo-tools-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${kamo_runtime_package} (= ${PROJECT_VERSION}), qtbase5-dev (>= 5.15)")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
+    "tools library for geodata and document management hosts - development files
+Headers, the CMake package KamoTools (find_package(KamoTools)) and the
+pkg-config files kamo_tools, Kamo_view and Kamo_base for hosts built with
+CMake, qmake, Meson or make.")
+
+set(CPACK_DEBIAN_PROGRAMS_PACKAGE_NAME kamo-tools)
+set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION utils)
+set(CPACK_COMPONENT_PROGRAMS_DEPENDS runtime)
+set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION
+    "command-line node tools, shape import and DXF workbench, and a demo host
+kamo-tools runs the library's node operations, shape-file import and DXF
+listing and export from the command line; kamo-host is a small desktop
+host that shows a project and opens the library's dialogs on it.")
+
+include(CPack)

@@ -1,0 +1,58 @@
+# cmake -DBUILD_DIR=... -DCONSUMER_SOURCE_DIR=... -DWORK_DIR=... -DQMAKE=... -P RunPackages.cmake
+#
+# Builds the Debian packages of the build, unpacks them into a scratch root
+# (dpkg -x: no root rights, nothing installed on the machine) and builds the
+# consumer against the unpacked files three ways, as hosts do: CMake's
+# find_package, qmake with pkg-config, and a plain Makefile with pkg-config.
+file(REMOVE_RECURSE ${WORK_DIR})
+set(root ${WORK_DIR}/root)
+file(MAKE_DIRECTORY ${root})
+
+function(run)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "failed (${result}): ${ARGN}")
+    endif()
+endfunction()
+
+set(config_args)
+if(CONFIG)
+    set(config_args -C ${CONFIG})
+endif()
+run(${CMAKE_CPACK_COMMAND} -G DEB -B ${WORK_DIR}/packages ${config_args}
+    --config ${BUILD_DIR}/CPackConfig.cmake)
+file(GLOB packages ${WORK_DIR}/packages/*.deb)
+list(LENGTH packages count)
+if(NOT count EQUAL 3)
+    message(FATAL_ERROR "expected three packages, got: ${packages}")
+endif()
+foreach(package ${packages})
+    run(dpkg-deb -x ${package} ${root})
+endforeach()
+
+file(GLOB_RECURSE pc_files ${root}/usr/*/kamo_tools.pc)
+list(GET pc_files 0 pc_file)
+get_filename_component(pc_dir ${pc_file} DIRECTORY)
+get_filename_component(lib_dir ${pc_dir} DIRECTORY)
+set(ENV{PKG_CONFIG_PATH} ${pc_dir})
+set(ENV{LD_LIBRARY_PATH} ${lib_dir})
+
+# The installed program runs from the unpacked tree.
+run(${root}/usr/bin/kamo-tools --help OUTPUT_QUIET)
+
+# CMake
+run(${CMAKE_COMMAND} -S ${CONSUMER_SOURCE_DIR} -B ${WORK_DIR}/cmake
+    -DCMAKE_PREFIX_PATH=${root}/usr -DCMAKE_BUILD_TYPE=Release)
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/cmake --parallel 2 --target consumer)
+run(${WORK_DIR}/cmake/consumer)
+
+# qmake
+file(MAKE_DIRECTORY ${WORK_DIR}/qmake)
+run(${QMAKE} ${CONSUMER_SOURCE_DIR}/consumer.pro -o ${WORK_DIR}/qmake/Makefile)
+run(make -C ${WORK_DIR}/qmake)
+run(${WORK_DIR}/qmake/consumer)
+
+# make
+file(MAKE_DIRECTORY ${WORK_DIR}/make)
+run(make -C ${CONSUMER_SOURCE_DIR} OUT=${WORK_DIR}/make)
+run(${WORK_DIR}/make/consumer)
