@@ -129,8 +129,17 @@ QString DxfDump::CheckFile(const QString& path)
     for (const char* begin = data;; line += 2) {
         // A pair needs its value line to begin, even if it is empty.
         const char* codeEnd = lineEnd(begin);
-        if (codeEnd == end)
+        if (codeEnd == end) {
+            // dxflib reads this last line too; one too long for its buffer
+            // without a line end after it stops its stream short of the end,
+            // and it reads on for ever.
+            if (codeEnd - begin >= DL_DXF_MAXLINE - 1)
+                return QCoreApplication::translate("DxfDump", "%1: line %2 is longer than %3 characters")
+                    .arg(name)
+                    .arg(line + 1)
+                    .arg(DL_DXF_MAXLINE - 2);
             break;
+        }
         const char* valueBegin = codeEnd + 1;
         const char* valueEnd = lineEnd(valueBegin);
         const qint64 lengths[2] = { codeEnd - begin, valueEnd - valueBegin };

@@ -214,6 +214,7 @@ void DxfDumpTest::checkBoundaries_data()
                                   << "";
     QTest::newRow("line too long") << "  0\n" + QByteArray(1023, 'A') + "\n  0\nEOF\n"
                                    << "line 2 is longer than 1022";
+    QTest::newRow("long last line without line end") << "  0\nEOF\n" + QByteArray(1100, 'A') << "line 3 is longer";
     QTest::newRow("long line before a bad code") << "x\n" + QByteArray(1023, 'A') + "\n  0\nEOF\n"
                                                  << "line 2 is longer";
 }

@@ -115,6 +115,7 @@ def dxf_seeds():
     # overflowed dxflib's buffer, and a group code of many digits.
     write("DxfFuzzer", "count-after-eof", b"0\nEOF\n0\nLWPOLYLINE\n90\n1073741825\n")
     write("DxfFuzzer", "long-group-code", b"0\nSECTION\n2\nENTITIES\n99999999999999999999\nX\n0\nEOF\n")
+    write("DxfFuzzer", "long-last-line", b"0\nEOF\n" + b"A" * 1100)
 
 
 def rectangle_seeds():
