@@ -10,6 +10,8 @@
 
 #include <cstdio>
 
+int checkHostInterface();
+
 int main()
 {
     QTemporaryDir root;
@@ -27,7 +29,8 @@ int main()
     tool.SetCategoryFilter(QStringLiteral("Kanal"));
     tool.Execute();
 
-    const bool ok = tool.GetFilesChanged() == 1 && !Vex::GetCurrentUserName().isNull();
-    std::printf("consumer: %s\n", ok ? "ok" : "FAILED");
+    const int interfaceSymbols = checkHostInterface();
+    const bool ok = tool.GetFilesChanged() == 1 && !Vex::GetCurrentUserName().isNull() && interfaceSymbols > 0;
+    std::printf("consumer: %s (%d symbols of the host interface)\n", ok ? "ok" : "FAILED", interfaceSymbols);
     return ok ? 0 : 1;
 }
