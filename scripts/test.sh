@@ -1,7 +1,8 @@
 #!/bin/sh
 # Installs what is missing, then builds and tests twice: the library as a
 # host links it (warnings as errors, every test including the package
-# consumer), and the same library and tests under AddressSanitizer and
+# consumer, and the API reference, where an undocumented exported member is
+# an error too), and the same library and tests under AddressSanitizer and
 # UndefinedBehaviorSanitizer, where each fuzz target also runs for a short
 # while on its seed corpus.
 set -eu
@@ -15,6 +16,7 @@ jobs=$(nproc)
 build=build-test
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKAMO_WERROR=ON
 cmake --build "$build" --parallel "$jobs"
+cmake --build "$build" --target docs
 (cd "$build" && ctest --output-on-failure --parallel "$jobs")
 
 build=build-sanitize

@@ -10,11 +10,14 @@
 
 class QPainterPath;
 
-// A building with its address and its owner's address, as the host keeps
-// it for the parties affected by a project.
+/// A building with its address and its owner's address, as the host keeps
+/// it for the parties affected by a project.
 class KAMO_VIEW_EXPORT BuildingObject
 {
 public:
+    /// The attributes as imported: id, district number, building type, the owner's address, the building's address and
+    /// its district. Texts as the attribute table has them.
+    ///@{
     QString id;
     QString districtNumber;
     QString type;
@@ -27,9 +30,10 @@ public:
     QString zipCode;
     QString town;
     QString district;
-    QList<QVector<PointF>> rings; // outer rings counter-clockwise, holes clockwise
+    ///@}
+    QList<QVector<PointF>> rings; ///< outer rings counter-clockwise, holes clockwise
 
-    // True when the building and the area overlap.
+    /// True when the building and the area overlap.
     bool Intersects(const QPainterPath& area) const;
 };
 

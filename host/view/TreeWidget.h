@@ -13,29 +13,31 @@ class NodeInfo;
 class ParticipantInfo;
 class TableInfo;
 
-// The project tree of the host's main window. Its items carry borrowed
-// ItemInfo records; items without one are plain folders that group records
-// of one kind.
+/// The project tree of the host's main window. Its items carry borrowed
+/// ItemInfo records; items without one are plain folders that group records
+/// of one kind.
 class KAMO_VIEW_EXPORT TreeWidget : public QTreeWidget
 {
     Q_OBJECT
 
 public:
+    /// Creates an empty tree.
     explicit TreeWidget(QWidget* parent = nullptr);
     ~TreeWidget() override;
 
-    // Adds an item showing `info` under `parent` (top level when null).
+    /// Adds an item showing `info` under `parent` (top level when null).
     QTreeWidgetItem* AddItem(ItemInfo* info, QTreeWidgetItem* parent = nullptr);
-    // Adds a folder item that carries no record.
+    /// Adds a folder item that carries no record.
     QTreeWidgetItem* AddFolder(const QString& caption, QTreeWidgetItem* parent = nullptr);
 
-    // The record an item carries; null for folders and foreign items.
+    /// The record an item carries; null for folders and foreign items.
     static ItemInfo* GetItemInfo(const QTreeWidgetItem* item);
+    /// The item carrying \p info; null when there is none.
     QTreeWidgetItem* FindItem(const ItemInfo* info) const;
 
-    // Rebuilds the whole tree: the nodes in `nodeOrder` under their parents
-    // (a node whose parent is unknown goes to the top level), then a folder
-    // for each non-empty map of the other records, by ascending id.
+    /// Rebuilds the whole tree: the nodes in `nodeOrder` under their parents
+    /// (a node whose parent is unknown goes to the top level), then a folder
+    /// for each non-empty map of the other records, by ascending id.
     void ShowProject(const QMap<int, NodeInfo*>& nodes, const QList<int>& nodeOrder,
         const QMap<int, TableInfo*>& tables = {}, const QMap<int, ParticipantInfo*>& participants = {},
         const QMap<int, GalleryInfo*>& galleries = {});

@@ -15,27 +15,30 @@ namespace Ui {
 class DlgNodeToolsPreview;
 }
 
-// What a node-tool run would do, from its dry run: the files that would
-// change with their number of changed objects, the old and new text of the
-// selected one side by side, and the warnings the run would give.
-// "Ausführen" accepts the dialog (the caller then runs the operation),
-// "Schließen" rejects it.
+/// What a node-tool run would do, from its dry run: the files that would
+/// change with their number of changed objects, the old and new text of the
+/// selected one side by side, and the warnings the run would give.
+/// "Ausführen" accepts the dialog (the caller then runs the operation),
+/// "Schließen" rejects it.
 class KAMO_TOOLS_EXPORT DlgNodeToolsPreview : public QDialog
 {
     Q_OBJECT
 
 public:
+    /// Creates an empty preview; call SetResult() before showing it.
     explicit DlgNodeToolsPreview(QWidget* parent = nullptr);
     ~DlgNodeToolsPreview() override;
 
-    // Takes over the results of `files`, which must have run dry.
+    /// Takes over the results of `files`, which must have run dry.
     void SetResult(const QString& operationLabel, const AnnotationFileProcessor& files);
 
-    // The HTML of a comparison of `oldText` and `newText`, as shown.
+    /// The HTML of a comparison of `oldText` and `newText`, as shown.
     static QString ComparisonHtml(const QString& oldText, const QString& newText, int* changes = nullptr);
 
 public Q_SLOTS:
+    /// Shows the comparison of the selected file.
     void OnCurrentFileChanged();
+    /// Scrolls the comparison to the next change, from the last back to the first.
     void OnNextChangeClicked();
 
 private:

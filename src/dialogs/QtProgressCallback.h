@@ -6,12 +6,13 @@
 
 class QProgressDialog;
 
-// Shows the progress of a node-tool run in a progress dialog it borrows.
-// Events are processed only as far as the dialog itself does it (a modal
-// progress dialog repaints on each new value).
+/// Shows the progress of a node-tool run in a progress dialog it borrows.
+/// Events are processed only as far as the dialog itself does it (a modal
+/// progress dialog repaints on each new value).
 class KAMO_TOOLS_EXPORT QtProgressCallback : public ProgressCallback
 {
 public:
+    /// Reports into \p dialog, which is borrowed and must outlive the callback.
     explicit QtProgressCallback(QProgressDialog* dialog);
     ~QtProgressCallback() override;
 

@@ -7,10 +7,13 @@
 #include <QList>
 #include <QString>
 
-// A block definition; only its polylines matter for sheet frames.
+/// A block definition; only its polylines matter for sheet frames.
 struct KAMO_TOOLS_EXPORT DxfBlock {
+    /// The block's name and its polylines, in file order.
+    ///@{
     QString name;
     QList<DxfPolyline> polylines;
+    ///@}
 };
 
 #endif

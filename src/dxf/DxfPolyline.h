@@ -8,11 +8,11 @@
 #include <QPointF>
 #include <QVector>
 
-// A polyline of a block as read from a DXF file (legacy POLYLINE and
-// LWPOLYLINE alike), with the corner labels the vertex correction found.
+/// A polyline of a block as read from a DXF file (legacy POLYLINE and
+/// LWPOLYLINE alike), with the corner labels the vertex correction found.
 struct KAMO_TOOLS_EXPORT DxfPolyline {
-    QVector<QPointF> vertices; // in file order
-    // Vertex index -> corner label; a vertex without an entry has none.
+    QVector<QPointF> vertices; ///< in file order
+    /// Vertex index -> corner label; a vertex without an entry has none.
     QMap<int, GK::VtxPosition> labels;
 };
 

@@ -6,15 +6,15 @@
 
 #include <QMap>
 
-// Redirects the target paths of every HREF line through a table of old to
-// new paths. Matching is by whole path, ignoring case only; a replaced path
-// is written as the table holds it (lower case).
+/// Redirects the target paths of every HREF line through a table of old to
+/// new paths. Matching is by whole path, ignoring case only; a replaced path
+/// is written as the table holds it (lower case).
 class KAMO_TOOLS_EXPORT ChangeHREFPathBlockProcessor : public ObjectBlockProcessor
 {
 public:
     void ProcessBlock(const QStringList& block, QStringList& result) override;
 
-    QMap<QString, QString> pathMap; // lower-case old path -> lower-case new path
+    QMap<QString, QString> pathMap; ///< lower-case old path -> lower-case new path
 };
 
 #endif

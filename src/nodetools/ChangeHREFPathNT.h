@@ -7,13 +7,14 @@
 #include <QMap>
 #include <QString>
 
-// "HREF: Pfad ändern": redirects the target paths of all links through a
-// map of old to new paths (see LoadHREFPathMap).
+/// "HREF: Pfad ändern": redirects the target paths of all links through a
+/// map of old to new paths (see LoadHREFPathMap).
 class KAMO_TOOLS_EXPORT ChangeHREFPathNT : public BlockNodeTool
 {
 public:
     ChangeHREFPathNT();
 
+    /// Old path -> new path, both lower case, as LoadHREFPathMap() reads them.
     void SetPathMap(const QMap<QString, QString>& map);
 
 private:

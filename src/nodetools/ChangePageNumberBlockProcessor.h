@@ -12,9 +12,9 @@ namespace AnnotationLine {
 class NameFilter;
 }
 
-// Shifts the target pages of the document links of the chosen objects, in
-// every linked zone, never below page 1. Pages that are not a plain
-// positive number are left as written.
+/// Shifts the target pages of the document links of the chosen objects, in
+/// every linked zone, never below page 1. Pages that are not a plain
+/// positive number are left as written.
 class KAMO_TOOLS_EXPORT ChangePageNumberBlockProcessor : public ObjectBlockProcessor
 {
 public:
@@ -23,8 +23,9 @@ public:
 
     void ProcessBlock(const QStringList& block, QStringList& result) override;
 
-    QString categoryFilter; // empty: every object
-    QString nameFilter;     // regular expression searched in the name; empty: every object
+    QString categoryFilter; ///< empty: every object
+    QString nameFilter;     ///< regular expression searched in the name; empty: every object
+    /// Pages added to each target page (negative: taken off).
     int pageDelta = 0;
 
 private:

@@ -10,22 +10,23 @@
 #include <QMap>
 #include <QSet>
 
-// Appends the pins set by hand on a document's pages to its annotation file
-// as pin objects ("TY=PIN"), each once: a pin whose id already stands in a
-// "PIN" line of the file is left out.
+/// Appends the pins set by hand on a document's pages to its annotation file
+/// as pin objects ("TY=PIN"), each once: a pin whose id already stands in a
+/// "PIN" line of the file is left out.
 class KAMO_TOOLS_EXPORT ConvertFreeHandPinsBlockProcessor : public ObjectBlockProcessor
 {
 public:
+    /// Page -> the pins set on it.
     using PagePins = QMap<int, QList<PinObject>>;
 
     void BeginFile(const QString& path) override;
     void ProcessBlock(const QStringList& block, QStringList& result) override;
     void AppendToFile(QStringList& lines) override;
 
-    // Document file name -> page -> pins; borrowed, may be null.
+    /// Document file name -> page -> pins; borrowed, may be null.
     QMap<QString, PagePins>* filesPinMap = nullptr;
-    // The documents of the run, as the file loop gets them: a file is
-    // matched back to its document through this list.
+    /// The documents of the run, as the file loop gets them: a file is
+    /// matched back to its document through this list.
     QStringList fileNames;
 
 private:

@@ -4,13 +4,13 @@
 #include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
-// Deletes every HREF line of the objects in the chosen category.
+/// Deletes every HREF line of the objects in the chosen category.
 class KAMO_TOOLS_EXPORT RemoveHREFBlockProcessor : public ObjectBlockProcessor
 {
 public:
     void ProcessBlock(const QStringList& block, QStringList& result) override;
 
-    QString categoryFilter; // empty: every object
+    QString categoryFilter; ///< empty: every object
 };
 
 #endif

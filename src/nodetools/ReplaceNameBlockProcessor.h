@@ -9,18 +9,18 @@
 
 class NodeInfo;
 
-// Gives links the name of the node they lead to as their description: node
-// links by the node id in their path, document links by a node that holds
-// the linked document in one of its zones (the lowest node id first).
+/// Gives links the name of the node they lead to as their description: node
+/// links by the node id in their path, document links by a node that holds
+/// the linked document in one of its zones (the lowest node id first).
 class KAMO_TOOLS_EXPORT ReplaceNameBlockProcessor : public ObjectBlockProcessor
 {
 public:
     void ProcessBlock(const QStringList& block, QStringList& result) override;
 
-    // Borrowed; null: nothing changes. Its documents are looked up at the
-    // first block and then kept.
+    /// Borrowed; null: nothing changes. Its documents are looked up at the
+    /// first block and then kept.
     QMap<int, NodeInfo*>* nodes = nullptr;
-    // Compare document file names only, not their folders.
+    /// Compare document file names only, not their folders.
     bool ignorePathOnCompare = false;
 
 private:
@@ -29,7 +29,7 @@ private:
     QString documentKey(const QString& path) const;
     void indexDocuments();
 
-    // Document key -> name of the node with the lowest id holding it.
+    /// Document key -> name of the node with the lowest id holding it.
     QHash<QString, QString> documentNames;
     const QMap<int, NodeInfo*>* indexedNodes = nullptr;
     bool indexedIgnorePath = false;

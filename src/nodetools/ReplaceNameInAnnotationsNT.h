@@ -8,17 +8,17 @@
 
 class NodeInfo;
 
-// "Bezeichnungen abgleichen": after nodes were renamed, the captions of the
-// links to them and to their documents take over the new names, in every
-// annotation file of the project.
+/// "Bezeichnungen abgleichen": after nodes were renamed, the captions of the
+/// links to them and to their documents take over the new names, in every
+/// annotation file of the project.
 class KAMO_TOOLS_EXPORT ReplaceNameInAnnotationsNT : public BlockNodeTool
 {
 public:
     ReplaceNameInAnnotationsNT();
 
-    // The project's nodes by id; not owned, may be null (nothing changes).
+    /// The project's nodes by id; not owned, may be null (nothing changes).
     void SetNodesMap(QMap<int, NodeInfo*>* nodes);
-    // Match documents by file name alone instead of by whole path.
+    /// Match documents by file name alone instead of by whole path.
     void SetIgnorePathOnCompare(bool ignore);
 
 private:

@@ -8,15 +8,16 @@
 
 #include <QList>
 
-// Reads buildings with their address and their owner's address from
-// polygon shape files.
-//
-// Field 52 is registered twice, the second name replacing the first: the
-// one column offered as "Owner-Housenumber-Add" feeds the owner's house
-// number, addition included, as existing assignment files expect.
+/// Reads buildings with their address and their owner's address from
+/// polygon shape files.
+///
+/// Field 52 is registered twice, the second name replacing the first: the
+/// one column offered as "Owner-Housenumber-Add" feeds the owner's house
+/// number, addition included, as existing assignment files expect.
 class KAMO_TOOLS_EXPORT ImportBuildingFromShapeFile : public ShapeFileImporter
 {
 public:
+    /// The attributes a building is read from.
     enum TargetField {
         tfId = 10,
         tfType = 20,
@@ -34,7 +35,9 @@ public:
 
     ImportBuildingFromShapeFile();
 
+    /// Imports the shape file set; false, with GetLastErrorMessage(), when no file is set or it cannot be read.
     bool Execute();
+    /// The buildings of the last Execute(), in file order.
     const QList<BuildingObject>& GetBuildings() const { return buildings; }
 
 private:
