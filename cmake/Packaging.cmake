@@ -8,7 +8,11 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME kamo-tools)
 set(CPACK_PACKAGE_VENDOR "kamo_tools developers")
-set(CPACK_PACKAGE_CONTACT "kamo_tools developers <kamo-tools@localhost>")
+# Whoever builds and hands out the packages signs them; the default only
+# keeps the fields well-formed.
+set(KAMO_PACKAGE_MAINTAINER "kamo_tools developers <kamo-tools@example.org>"
+    CACHE STRING "Maintainer of the Debian packages: Name <address>")
+set(CPACK_PACKAGE_CONTACT "${KAMO_PACKAGE_MAINTAINER}")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_COMPONENTS_ALL runtime development programs)
@@ -29,6 +33,9 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 # this version or a later one of the same soname.
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+# ldconfig runs through dpkg's trigger, once for all packages installed
+# together.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
     "tools library for project-based geodata and document management hosts
 The shared libraries kamo_tools, Kamo_view and Kamo_base: node tools over
@@ -53,5 +60,30 @@ set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION
 kamo-tools runs the library's node operations, shape-file import and DXF
 listing and export from the command line; kamo-host is a small desktop
 host that shows a project and opens the library's dialogs on it.")
+
+# Every package carries its copyright file and the changelog, compressed as
+# dpkg expects them (gzip -9n: the same bytes from every build).
+set(kamo_debian_dir ${PROJECT_BINARY_DIR}/debian)
+file(STRINGS ${PROJECT_SOURCE_DIR}/cmake/debian/changelog.in kamo_changelog_head LIMIT_COUNT 1)
+if(NOT kamo_changelog_head MATCHES "^kamo-tools \\(${PROJECT_VERSION}\\) ")
+    message(FATAL_ERROR "cmake/debian/changelog.in has no entry for version ${PROJECT_VERSION} at its top")
+endif()
+configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/changelog.in ${kamo_debian_dir}/changelog @ONLY)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/copyright.in ${kamo_debian_dir}/copyright @ONLY)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/lintian-overrides.in
+    ${kamo_debian_dir}/${kamo_runtime_package} @ONLY)
+execute_process(COMMAND gzip -9n -c ${kamo_debian_dir}/changelog
+    OUTPUT_FILE ${kamo_debian_dir}/changelog.gz RESULT_VARIABLE kamo_gzip_result)
+if(NOT kamo_gzip_result EQUAL 0)
+    message(FATAL_ERROR "gzip failed on ${kamo_debian_dir}/changelog")
+endif()
+foreach(component runtime development programs)
+    string(TOUPPER ${component} upper)
+    install(FILES ${kamo_debian_dir}/copyright ${kamo_debian_dir}/changelog.gz
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME}
+        COMPONENT ${component})
+endforeach()
+install(FILES ${kamo_debian_dir}/${kamo_runtime_package}
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT runtime)
 
 include(CPack)

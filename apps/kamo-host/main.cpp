@@ -44,11 +44,13 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("kamo-host"));
     QApplication::setApplicationDisplayName(QStringLiteral("Kamo Demo"));
+    QApplication::setApplicationVersion(QStringLiteral(KAMO_HOST_VERSION));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Demo host for the kamo_tools library: shows a project and opens "
                                                     "the library's tools on it."));
     parser.addHelpOption();
+    parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("project-folder"),
         QStringLiteral("Folder with Projekt.json; default: the project opened last."),
         QStringLiteral("[project-folder]"));

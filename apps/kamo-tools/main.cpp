@@ -18,7 +18,8 @@ const char generalHelp[] = "Usage: kamo-tools COMMAND [options]\n"
                            "  analyze           which annotation files of a project are used\n"
                            "  shape ACTION      summary of a shape file, import of sheets, routes,\n"
                            "                    districts or buildings as JSON\n"
-                           "  dxf dump FILE     the entities of a DXF file as a readable listing\n"
+                           "  dxf ACTION        listing of a DXF drawing or of its block inserts,\n"
+                           "                    export of its sheet corners as a GK2 file\n"
                            "\n"
                            "'kamo-tools COMMAND --help' describes a command.\n";
 

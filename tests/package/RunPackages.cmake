@@ -30,6 +30,21 @@ foreach(package ${packages})
     run(dpkg-deb -x ${package} ${root})
 endforeach()
 
+# Debian's own checks of a package: names, sonames, control files, the
+# files every package carries, manual pages.
+find_program(LINTIAN lintian)
+if(LINTIAN)
+    run(${LINTIAN} --fail-on error,warning --tag-display-limit 0 ${packages})
+else()
+    message(WARNING "lintian not found: the packages are not checked against Debian's rules")
+endif()
+# The dependencies computed from the binaries name packages and versions
+# that this system's archive has: apt resolves them without installing.
+find_program(APT_GET apt-get)
+if(APT_GET)
+    run(${APT_GET} install --simulate --quiet=2 ${packages})
+endif()
+
 file(GLOB_RECURSE pc_files ${root}/usr/*/kamo_tools.pc)
 list(GET pc_files 0 pc_file)
 get_filename_component(pc_dir ${pc_file} DIRECTORY)
