@@ -7,12 +7,13 @@ set -eu
 
 # clang with its sanitizer and libFuzzer runtimes and llvm's symbolizer:
 # the test command's second build. pkg-config finds shapelib and dxflib;
+# libssl-dev brings libcrypto, which hashes the backups' manifests;
 # doxygen and graphviz build the API reference; help2man writes the
 # programs' manual pages and lintian checks the Debian packages.
 packages="build-essential cmake pkg-config clang-format file doxygen graphviz help2man lintian
 clang libclang-rt-14-dev llvm
 qtbase5-dev qttools5-dev-tools qttranslations5-l10n
-libshp-dev libdxflib-dev libdtl-dev libproj-dev proj-data proj-bin
+libshp-dev libdxflib-dev libdtl-dev libproj-dev proj-data proj-bin libssl-dev
 gdal-bin python3-ezdxf librecad-data
 xvfb xauth"
 if [ $# -gt 0 ]; then

@@ -94,7 +94,7 @@ QString NodeCommand::HelpText()
 {
     return QStringLiteral(
         "Usage: kamo-tools node OPERATION --project ROOT [options] [--all | --nodes NAMES | DOCUMENT...]\n"
-        "       kamo-tools node restore --project ROOT --backup STAMP\n"
+        "       kamo-tools node restore --project ROOT --backup STAMP [--force]\n"
         "\n"
         "Runs a node tool over the annotation files (.ann) in ROOT/Daten.\n"
         "\n"
@@ -116,8 +116,9 @@ QString NodeCommand::HelpText()
         "  href-to-standard  8  turn split links into standard links for one zone\n"
         "  modify-targets    9  set the environment factor of link targets\n"
         "  change-pages     10  shift the target pages of links\n"
-        "  restore              put the annotation files of a backup back, after\n"
-        "                       backing up the current state\n"
+        "  restore              check the annotation files of a backup against its\n"
+        "                       manifest and put them back, after backing up the\n"
+        "                       current state\n"
         "\n"
         "Choosing files:\n"
         "  --project ROOT    project root directory (required)\n"
@@ -131,6 +132,8 @@ QString NodeCommand::HelpText()
         "Running:\n"
         "  --backup          first copy the annotation files to\n"
         "                    Daten/ann_sic/<dd.MM.yyyy hh.mm.ss> with an operation log\n"
+        "                    and a manifest of their sizes and SHA-256 digests; when a\n"
+        "                    file cannot be copied, nothing is changed\n"
         "  --dry-run         change nothing; list the files that would change and how\n"
         "                    many of their objects\n"
         "  -v, --verbose     list every file written\n"
@@ -156,13 +159,22 @@ QString NodeCommand::HelpText()
         "                       bottom edge (6); switched off one by one with\n"
         "                       --no-left-offset, --no-width, --no-height, --no-topwards\n"
         "  --backup STAMP       (restore) the backup folder under Daten/ann_sic\n"
+        "  --force              (restore) restore the intact files of a damaged backup\n"
+        "                       and leave the damaged ones out\n"
         "\n"
         "A progress bar is shown on stderr when it is a terminal. Files that are not\n"
-        "valid UTF-8 are never rewritten; they and any file that could not be written\n"
-        "are listed as warnings.\n"
+        "valid UTF-8 are never rewritten. Every file that could not be read, written\n"
+        "or found (a named document without annotation file) is named in a warning\n"
+        "with the reason, and so is a file whose last object is not closed (its lines\n"
+        "from the unclosed \"BO\" on are dropped, as every run does).\n"
         "\n"
-        "Exit status: 0 done, 1 the backup could not be created or restored (nothing\n"
-        "was changed), 2 bad usage or no such project.\n");
+        "Exit status:\n"
+        "  0  done: every file the operation wanted to change was written\n"
+        "  1  the backup could not be created, or the restore failed or found the\n"
+        "     backup damaged; nothing was changed\n"
+        "  2  bad usage or no such project\n"
+        "  3  done, but files were left out (could not be read, written or found,\n"
+        "     or a damaged file of a backup restored with --force); see the warnings\n");
 }
 
 QString NodeCommand::AnalyzeHelpText()
@@ -217,10 +229,11 @@ int NodeCommand::Run(const QStringList& arguments)
     const QCommandLineOption noWidthOption(QStringLiteral("no-width"));
     const QCommandLineOption noHeightOption(QStringLiteral("no-height"));
     const QCommandLineOption noTopwardsOption(QStringLiteral("no-topwards"));
+    const QCommandLineOption forceOption(QStringLiteral("force"));
     parser.addOptions({ helpOption, projectOption, allOption, nodesOption, backupOption, dryRunOption, verboseOption,
         categoryOption, nameFilterOption, newTargetOption, mapOption, ignorePathOption, zoneOption, targetIndexOption,
         envFactorOption, pageDeltaOption, setNameOption, setTextOption, dimensionsOption, noLeftOption, noWidthOption,
-        noHeightOption, noTopwardsOption });
+        noHeightOption, noTopwardsOption, forceOption });
 
     // The analysis has options of its own.
     if (arguments.value(1) == QLatin1String("analyze"))
@@ -254,24 +267,15 @@ int NodeCommand::Run(const QStringList& arguments)
     const QString root = QFileInfo(parser.value(projectOption)).absoluteFilePath();
 
     if (restore) {
-        if (!positional.isEmpty() || parser.optionNames().size() != 1)
-            return usageError(QStringLiteral("restore takes only --project ROOT and --backup STAMP"));
+        const bool force = parser.isSet(forceOption);
+        if (!positional.isEmpty() || parser.optionNames().size() != 1 + int(force))
+            return usageError(QStringLiteral("restore takes only --project ROOT, --backup STAMP and --force"));
         if (!QFileInfo(root).isDir())
             return usageError(QStringLiteral("project directory '%1' does not exist").arg(root));
-        NodeToolBackup backup;
-        backup.projectRootDir = root;
-        backup.logText = logText(QStringLiteral("restore %1").arg(restoreStamp), root);
-        QStringList restored;
-        if (!backup.Restore(restoreStamp, &restored)) {
-            err << "kamo-tools: restore failed: " << backup.ErrorString() << "\n";
-            err.flush();
-            return Failure;
-        }
-        out << "Backup of the state before: " << QDir::toNativeSeparators(backup.GetBackupFolder()) << "\n"
-            << "Files restored: " << restored.size() << "\n";
-        out.flush();
-        return Success;
+        return runRestore(root, restoreStamp, force);
     }
+    if (parser.isSet(forceOption))
+        return usageError(QStringLiteral("--force applies to restore only"));
 
     const Operation* operation = findOperation(operationName);
     if (!operation)
@@ -380,7 +384,9 @@ int NodeCommand::Run(const QStringList& arguments)
         backup.projectRootDir = root;
         backup.logText = logText(QString::number(operation->id), root);
         if (!backup.Create()) {
-            err << "kamo-tools: Error creating backup\n";
+            err << "kamo-tools: Error creating backup: " << backup.ErrorString() << "\n";
+            printProblems(QStringLiteral("  not copied: "), backup.GetProblems(), 10);
+            err << "Nothing was changed.\n";
             err.flush();
             return Failure;
         }
@@ -515,9 +521,53 @@ int NodeCommand::Run(const QStringList& arguments)
         << (dryRun ? "Files that would change: " : "Files changed: ") << tool->GetFilesChanged() << "\n";
     out.flush();
     for (const QString& warning : files.GetWarnings())
-        err << "warning: " << warning << "\n";
+        err << "warning: " << QDir::toNativeSeparators(warning) << "\n";
+    // Documents of nodes often have no annotation file yet; one named on the
+    // command line was meant to have one.
+    const bool namedDocuments = !positional.isEmpty();
+    if (namedDocuments) {
+        for (const QString& document : files.GetDocumentsWithoutFile())
+            err << "warning: no annotation file for document " << document << "\n";
+    }
     err.flush();
-    return Success;
+    const bool leftOut
+        = !files.GetLeftOutFiles().isEmpty() || (namedDocuments && !files.GetDocumentsWithoutFile().isEmpty());
+    return leftOut ? FilesLeftOut : Success;
+}
+
+int NodeCommand::runRestore(const QString& root, const QString& stamp, bool force)
+{
+    NodeToolBackup backup;
+    backup.projectRootDir = root;
+    backup.logText = logText(QStringLiteral("restore %1").arg(stamp), root);
+    QStringList restored;
+    if (!backup.Restore(stamp, &restored, force)) {
+        err << "kamo-tools: restore failed: " << backup.ErrorString() << "\n";
+        printProblems(QStringLiteral("  damaged: "), backup.GetProblems(), -1);
+        if (!backup.GetProblems().isEmpty())
+            err << "Nothing was changed. 'kamo-tools node restore --force' restores the intact files.\n";
+        err.flush();
+        return Failure;
+    }
+    out << "Backup of the state before: " << QDir::toNativeSeparators(backup.GetBackupFolder()) << "\n"
+        << "Files restored: " << restored.size() << "\n";
+    out.flush();
+    if (!backup.WasChecked()) {
+        err << "warning: the backup has no manifest (made by an older version or by the host): its files could "
+               "not be checked\n";
+    }
+    printProblems(QStringLiteral("warning: not restored: "), backup.GetProblems(), -1);
+    return backup.GetProblems().isEmpty() ? Success : FilesLeftOut;
+}
+
+void NodeCommand::printProblems(const QString& prefix, const QList<NodeToolBackupCheck::Problem>& problems, int limit)
+{
+    const int shown = limit < 0 ? problems.size() : std::min(limit, int(problems.size()));
+    for (int i = 0; i < shown; ++i)
+        err << prefix << problems.at(i).fileName << ": " << problems.at(i).reason << "\n";
+    if (shown < problems.size())
+        err << prefix << "and " << problems.size() - shown << " more\n";
+    err.flush();
 }
 
 int NodeCommand::RunAnalyze(const QStringList& arguments)

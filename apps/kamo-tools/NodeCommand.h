@@ -1,10 +1,11 @@
 #ifndef KAMO_TOOLS_APP_NODECOMMAND_H
 #define KAMO_TOOLS_APP_NODECOMMAND_H
 
+#include <nodetools/NodeToolBackupCheck.h>
+
 #include <QString>
 #include <QStringList>
 
-class QCommandLineParser;
 class QTextStream;
 
 // "kamo-tools node ..." and "kamo-tools analyze ...": runs one node tool
@@ -13,7 +14,9 @@ class QTextStream;
 class NodeCommand
 {
 public:
-    enum ExitCode { Success = 0, Failure = 1, UsageError = 2 };
+    // FilesLeftOut: the run went through, but some files it wanted could not
+    // be read, written or found; each is named in a warning.
+    enum ExitCode { Success = 0, Failure = 1, UsageError = 2, FilesLeftOut = 3 };
 
     NodeCommand(QTextStream& out, QTextStream& err);
 
@@ -27,7 +30,8 @@ public:
 
 private:
     int usageError(const QString& message, const QString& command = QStringLiteral("node"));
-    int runRestore(const QCommandLineParser& parser, const QString& root);
+    int runRestore(const QString& root, const QString& stamp, bool force);
+    void printProblems(const QString& prefix, const QList<NodeToolBackupCheck::Problem>& problems, int limit);
 
     QTextStream& out;
     QTextStream& err;

@@ -46,6 +46,37 @@ template <typename Work> auto withWaitCursor(Work work)
     return work();
 }
 
+// The files of a problem list, one per line, the first `limit` of them.
+QString fileList(const QStringList& lines, int limit)
+{
+    QStringList shown = lines.mid(0, limit);
+    if (lines.size() > limit)
+        shown.append(trDialog("… und %1 weitere").arg(lines.size() - limit));
+    return shown.join(QLatin1Char('\n'));
+}
+
+// After the result box, which keeps its text: what the run left out or
+// should be known about, every file with its reason.
+void showWarnings(QWidget* parent, const AnnotationFileProcessor& files)
+{
+    const QStringList& warnings = files.GetWarnings();
+    if (warnings.isEmpty())
+        return;
+    QStringList lines;
+    for (const QString& warning : warnings)
+        lines.append(QDir::toNativeSeparators(warning));
+    const int leftOut = files.GetLeftOutFiles().size();
+    QMessageBox box(parent);
+    box.setIcon(QMessageBox::Warning);
+    box.setWindowTitle(QStringLiteral("Kamo"));
+    box.setText(leftOut > 0 ? trDialog("Dateien, die nicht bearbeitet werden konnten: %1").arg(leftOut)
+                            : trDialog("Hinweise zu %1 Dateien").arg(warnings.size()));
+    box.setInformativeText(fileList(lines, 10));
+    if (lines.size() > 10)
+        box.setDetailedText(lines.join(QLatin1Char('\n')));
+    box.exec();
+}
+
 } // namespace
 
 DialogNodeTools::DialogNodeTools(QWidget* parent)
@@ -145,7 +176,15 @@ void DialogNodeTools::ShowModal()
         backup.logText = QStringLiteral("Node Tool Operation: %1\nSource: %2\nUser: %3")
                              .arg(QString::number(operation), projectRootDir, Vex::GetCurrentUserName());
         if (!withWaitCursor([&backup] { return backup.Create(); })) {
-            QMessageBox::warning(nullptr, QStringLiteral("Kamo"), trDialog("Error creating backup"), QMessageBox::Ok);
+            QMessageBox box(
+                QMessageBox::Warning, QStringLiteral("Kamo"), trDialog("Error creating backup"), QMessageBox::Ok);
+            QStringList lines;
+            for (const NodeToolBackupCheck::Problem& problem : backup.GetProblems())
+                lines.append(problem.fileName + QStringLiteral(": ") + problem.reason);
+            box.setInformativeText(backup.ErrorString() + QStringLiteral("\n\n")
+                + (lines.isEmpty() ? QString() : fileList(lines, 10) + QStringLiteral("\n\n"))
+                + trDialog("Es wurde nichts verändert."));
+            box.exec();
             return;
         }
     }
@@ -166,6 +205,8 @@ void DialogNodeTools::ShowModal()
         result.setText(trDialog("Dateien untersucht: %1").arg(tool->GetFilesExamined()));
         result.setText(trDialog("Dateien verändert: %1").arg(tool->GetFilesChanged()));
         result.exec();
+        if (auto* blockTool = dynamic_cast<BlockNodeTool*>(tool.get()))
+            showWarnings(parent, blockTool->FileProcessor());
     }
 }
 
@@ -205,7 +246,7 @@ void DialogNodeTools::preview()
     execute(*blockTool, dialog);
 
     DlgNodeToolsPreview view(dialog);
-    view.SetResult(dialog->OperationLabels().value(operation), blockTool->FileProcessor());
+    view.SetResult(dialog->OperationLabels().value(operation), *blockTool);
     // "Ausführen" is OK pressed from the preview: the run that follows is
     // the one OK starts, backup and all.
     if (view.exec() == QDialog::Accepted && dialog)

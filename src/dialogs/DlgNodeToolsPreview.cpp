@@ -4,10 +4,10 @@
 
 #include "nodetools/AnnotationFileIO.h"
 #include "nodetools/AnnotationFileProcessor.h"
+#include "nodetools/BlockNodeTool.h"
 #include "nodetools/LineDiff.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QPushButton>
@@ -117,11 +117,12 @@ DlgNodeToolsPreview::~DlgNodeToolsPreview()
     delete ui;
 }
 
-void DlgNodeToolsPreview::SetResult(const QString& operationLabel, const AnnotationFileProcessor& files)
+void DlgNodeToolsPreview::SetResult(const QString& operationLabel, BlockNodeTool& previewed)
 {
+    tool = &previewed;
+    const AnnotationFileProcessor& files = tool->FileProcessor();
     setWindowTitle(tr("Vorschau: %1").arg(operationLabel));
     paths = files.GetChangedFiles();
-    contents = files.GetChangedContents();
     const QList<int>& blocks = files.GetChangedBlockCounts();
 
     const int unchanged = files.GetFilesExamined() - paths.size();
@@ -215,12 +216,13 @@ void DlgNodeToolsPreview::OnCurrentFileChanged()
         return;
     }
 
-    // The old text as it is on disk now, the new one as the dry run made it.
-    QString oldText;
-    QFile file(paths.at(row));
-    if (file.open(QIODevice::ReadOnly))
-        oldText = fileText(file.readAll());
-    const QString newText = fileText(contents.value(row));
+    // Both texts from the file as it is now: what the run would make of it
+    // is made again rather than kept for every file of the dry run.
+    QByteArray current;
+    QByteArray result;
+    tool->PreviewFile(paths.at(row), &current, &result);
+    const QString oldText = fileText(current);
+    const QString newText = fileText(result);
     QString html = ComparisonHtml(oldText, newText, &changeCount);
     if (changeCount == 0)
         html.prepend(QStringLiteral("<p>%1</p>").arg(tr("Nur die Zeilenenden ändern sich (CR LF).")));

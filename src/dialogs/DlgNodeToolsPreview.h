@@ -3,12 +3,10 @@
 
 #include "kamo_tools_export.h"
 
-#include <QByteArray>
 #include <QDialog>
-#include <QList>
 #include <QStringList>
 
-class AnnotationFileProcessor;
+class BlockNodeTool;
 class QPushButton;
 
 namespace Ui {
@@ -29,8 +27,9 @@ public:
     explicit DlgNodeToolsPreview(QWidget* parent = nullptr);
     ~DlgNodeToolsPreview() override;
 
-    /// Takes over the results of `files`, which must have run dry.
-    void SetResult(const QString& operationLabel, const AnnotationFileProcessor& files);
+    /// Shows the results of `tool`, which must have run dry and outlive the
+    /// dialog: the texts of the file shown are made again by it.
+    void SetResult(const QString& operationLabel, BlockNodeTool& tool);
 
     /// The HTML of a comparison of `oldText` and `newText`, as shown.
     static QString ComparisonHtml(const QString& oldText, const QString& newText, int* changes = nullptr);
@@ -44,8 +43,8 @@ public Q_SLOTS:
 private:
     Ui::DlgNodeToolsPreview* ui;
     QPushButton* executeButton = nullptr;
+    BlockNodeTool* tool = nullptr;
     QStringList paths;
-    QList<QByteArray> contents;
     int changeCount = 0;
     int currentChange = -1;
 };

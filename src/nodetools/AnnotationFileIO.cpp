@@ -1,8 +1,12 @@
 #include "nodetools/AnnotationFileIO.h"
 
+#include "nodetools/Sha256.h"
+
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTextCodec>
 
 #ifdef Q_OS_UNIX
@@ -58,12 +62,31 @@ bool writeAll(int fd, const QByteArray& bytes, int* error)
     return true;
 }
 
+// The names of the temporary files beside a file being replaced: "." + name
+// + ".kamo-" + a random suffix of up to 7 letters or digits (mkostemp's six,
+// or a 32-bit number in base 36).
 QByteArray randomTempName(const QByteArray& directory, const QByteArray& fileName)
 {
     return directory + "/." + fileName + ".kamo-" + QByteArray::number(QRandomGenerator::global()->generate(), 36);
 }
 
+QByteArray tempNameTemplate(const QByteArray& directory, const QByteArray& fileName)
+{
+    return directory + "/." + fileName + ".kamo-XXXXXX";
+}
+
+bool isFileSystemError(int error)
+{
+    return error == ENOSPC || error == EDQUOT || error == EIO || error == EROFS || error == EFBIG;
+}
+
 #endif
+
+const QRegularExpression& tempNamePattern()
+{
+    static const QRegularExpression pattern(QStringLiteral("^\\..+\\.ann\\.kamo-[0-9A-Za-z]{1,7}$"));
+    return pattern;
+}
 
 } // namespace
 
@@ -109,8 +132,16 @@ bool ReplaceFile(const QString& path, const QByteArray& bytes, QString* error)
     const QString finalPath = resolveSymbolicLinks(path);
     const QByteArray target = QFile::encodeName(finalPath);
     struct stat original { };
-    if (::stat(target.constData(), &original) != 0)
+    const bool exists = ::stat(target.constData(), &original) == 0;
+    if (!exists && errno != ENOENT)
         return fail(systemError(errno));
+    if (!exists) {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        original.st_mode = 0666 & ~mask;
+        original.st_uid = ::geteuid();
+        original.st_gid = ::getegid();
+    }
 
     const QFileInfo info(finalPath);
     const QByteArray directory = QFile::encodeName(info.absolutePath());
@@ -124,7 +155,7 @@ bool ReplaceFile(const QString& path, const QByteArray& bytes, QString* error)
     const bool unnamed = fd >= 0;
     if (!unnamed) {
         // No O_TMPFILE on this file system: a named temporary file instead.
-        tempName = directory + "/." + fileName + ".kamo-XXXXXX";
+        tempName = tempNameTemplate(directory, fileName);
         fd = ::mkostemp(tempName.data(), O_CLOEXEC);
         if (fd < 0)
             return fail(systemError(errno));
@@ -197,6 +228,129 @@ bool ReplaceFile(const QString& path, const QByteArray& bytes, QString* error)
         return false;
     }
     return true;
+}
+
+#endif
+
+int RemoveStaleTemporaryFiles(const QString& folder, const QDateTime& before)
+{
+    int removed = 0;
+    const QFileInfoList entries = QDir(folder).entryInfoList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QFileInfo& entry : entries) {
+        if (!entry.isHidden() || !tempNamePattern().match(entry.fileName()).hasMatch() || entry.isSymLink())
+            continue;
+        if (entry.lastModified() < before && QFile::remove(entry.filePath()))
+            ++removed;
+    }
+    return removed;
+}
+
+#ifdef Q_OS_UNIX
+
+CopyResult CopyFile(const QString& source, const QString& target)
+{
+    CopyResult result;
+    auto fail = [&result](int code) {
+        result.kind = CopyResult::Failed;
+        result.error = systemError(code);
+        result.targetFileSystemFailed = isFileSystemError(code);
+        return result;
+    };
+
+    const int in = ::open(QFile::encodeName(source).constData(), O_RDONLY | O_CLOEXEC);
+    if (in < 0)
+        return fail(errno);
+    struct stat info { };
+    if (::fstat(in, &info) != 0) {
+        const int code = errno;
+        ::close(in);
+        return fail(code);
+    }
+    const QByteArray targetName = QFile::encodeName(target);
+    const int out = ::open(targetName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (out < 0) {
+        const int code = errno;
+        ::close(in);
+        if (code == EEXIST) {
+            result.kind = CopyResult::TargetExists;
+            return result;
+        }
+        fail(code);
+        // The source cannot be read: no fault of the target's file system.
+        result.targetFileSystemFailed = isFileSystemError(code);
+        return result;
+    }
+
+    // Annotation files are small; one buffer of this size takes most whole.
+    static thread_local QByteArray buffer(256 * 1024, Qt::Uninitialized);
+    Sha256 hash;
+    int code = 0;
+    bool readFailed = false;
+    for (;;) {
+        const ssize_t count = ::read(in, buffer.data(), size_t(buffer.size()));
+        if (count < 0) {
+            if (errno == EINTR)
+                continue;
+            code = errno;
+            readFailed = true;
+            break;
+        }
+        if (count == 0)
+            break;
+        hash.Add(buffer.constData(), count);
+        if (!writeAll(out, QByteArray::fromRawData(buffer.constData(), int(count)), &code))
+            break;
+        result.size += count;
+    }
+    ::close(in);
+    if (code == 0 && ::fchmod(out, info.st_mode & 07777) != 0)
+        code = errno;
+    if (::close(out) != 0 && code == 0)
+        code = errno;
+    if (code != 0) {
+        ::unlink(targetName.constData());
+        fail(code);
+        result.targetFileSystemFailed = !readFailed && isFileSystemError(code);
+        return result;
+    }
+    result.kind = CopyResult::Copied;
+    result.sha256 = hash.Result();
+    return result;
+}
+
+#else
+
+// No file-system-wide flush here: every copy is flushed on its own, as
+// QSaveFile does on commit.
+CopyResult CopyFile(const QString& source, const QString& target)
+{
+    CopyResult result;
+    QFile in(source);
+    if (!in.open(QIODevice::ReadOnly)) {
+        result.error = in.errorString();
+        return result;
+    }
+    if (QFileInfo::exists(target)) {
+        result.kind = CopyResult::TargetExists;
+        return result;
+    }
+    const QByteArray bytes = in.readAll();
+    if (in.error() != QFileDevice::NoError) {
+        result.error = in.errorString();
+        return result;
+    }
+    QSaveFile out(target);
+    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit()) {
+        result.error = out.errorString();
+        result.targetFileSystemFailed = true;
+        out.cancelWriting();
+        return result;
+    }
+    QFile::setPermissions(target, in.permissions());
+    result.kind = CopyResult::Copied;
+    result.size = bytes.size();
+    result.sha256 = Sha256::Hash(bytes);
+    return result;
 }
 
 #endif

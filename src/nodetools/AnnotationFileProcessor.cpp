@@ -5,6 +5,7 @@
 #include "nodetools/ProgressCallback.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -88,6 +89,20 @@ QString tr(const char* text)
     return QCoreApplication::translate("AnnotationFileProcessor", text);
 }
 
+// The 1-based line at `offset` as an editor counts it: "\r\n", "\n" and "\r"
+// each end one line, and empty lines count.
+int lineNumberAt(const QString& text, int offset)
+{
+    int line = 1;
+    const QChar* chars = text.constData();
+    for (int i = 0; i < offset; ++i) {
+        if (chars[i] == QLatin1Char('\n')
+            || (chars[i] == QLatin1Char('\r') && (i + 1 >= text.size() || chars[i + 1] != QLatin1Char('\n'))))
+            ++line;
+    }
+    return line;
+}
+
 } // namespace
 
 AnnotationFileProcessor::AnnotationFileProcessor() = default;
@@ -99,17 +114,31 @@ QString AnnotationFileProcessor::DataDirectory(const QString& projectRootDir)
     return QDir::cleanPath(projectRootDir) + QLatin1Char('/') + DataDirectoryName;
 }
 
+namespace {
+
+// Hosts on Windows list documents with backslashes; their folders are
+// ignored here like any other.
+QFileInfo documentInfo(const QString& documentFileName)
+{
+    return QFileInfo(QString(documentFileName).replace(QLatin1Char('\\'), QLatin1Char('/')));
+}
+
+QString primaryPath(const QString& dataDir, const QString& documentFileName)
+{
+    return dataDir + QLatin1Char('/') + documentInfo(documentFileName).baseName()
+        + AnnotationFileProcessor::AnnotationExtension;
+}
+
+} // namespace
+
 QString AnnotationFileProcessor::AnnotationFilePath(const QString& dataDir, const QString& documentFileName)
 {
-    // Hosts on Windows list documents with backslashes; their folders are
-    // ignored here like any other.
-    const QFileInfo document(QString(documentFileName).replace(QLatin1Char('\\'), QLatin1Char('/')));
-    const QString primary = dataDir + QLatin1Char('/') + document.baseName() + AnnotationExtension;
+    const QString primary = primaryPath(dataDir, documentFileName);
     if (QFile::exists(primary))
         return primary;
 
     // Only the dot goes, the extension stays: plan.rev.pdf -> plan.revpdf.ann.
-    QString fallback = document.fileName();
+    QString fallback = documentInfo(documentFileName).fileName();
     const int lastDot = fallback.lastIndexOf(QLatin1Char('.'));
     if (lastDot >= 0)
         fallback.remove(lastDot, 1);
@@ -118,7 +147,18 @@ QString AnnotationFileProcessor::AnnotationFilePath(const QString& dataDir, cons
 
 bool AnnotationFileProcessor::ProcessText(QString& text, ObjectBlockProcessor& processor, int* changedBlocks)
 {
+    TextReport report;
+    const bool changed = ProcessText(text, processor, &report);
+    if (changedBlocks)
+        *changedBlocks = report.changedBlocks;
+    return changed;
+}
+
+bool AnnotationFileProcessor::ProcessText(QString& text, ObjectBlockProcessor& processor, TextReport* report)
+{
     int changed = 0;
+    int unclosedLine = 0;
+    int dropped = 0;
     std::vector<LineSpan> lines;
     splitLines(text, lines);
     const QChar* const chars = text.constData();
@@ -144,8 +184,12 @@ bool AnnotationFileProcessor::ProcessText(QString& text, ObjectBlockProcessor& p
         // A block that is never closed is never processed: it and everything
         // after it are left out of the result.
         const int end = indexOfMarker(chars, lines, endMarker, start + 1);
-        if (end < 0)
+        if (end < 0) {
+            unclosedLine = lineNumberAt(text, lines[size_t(start)].start);
+            dropped = count - start;
+            ++changed;
             break;
+        }
 
         const int blockSize = end - start + 1;
         if (int(blockLines.size()) < blockSize)
@@ -158,7 +202,7 @@ bool AnnotationFileProcessor::ProcessText(QString& text, ObjectBlockProcessor& p
             block.append(reused);
         }
         processor.ProcessBlock(block, result);
-        if (changedBlocks && result != block)
+        if (report && result != block)
             ++changed;
         for (const QString& line : qAsConst(result))
             output.append(line);
@@ -171,8 +215,11 @@ bool AnnotationFileProcessor::ProcessText(QString& text, ObjectBlockProcessor& p
         ++changed;
     for (const QString& line : qAsConst(result))
         output.append(line);
-    if (changedBlocks)
-        *changedBlocks = changed;
+    if (report) {
+        report->changedBlocks = changed;
+        report->unclosedBlockLine = unclosedLine;
+        report->droppedLines = dropped;
+    }
 
     if (output.text == text)
         return false;
@@ -185,6 +232,8 @@ void AnnotationFileProcessor::Run(ObjectBlockProcessor& processor)
     const QString dataDir = DataDirectory(projectRootDir);
     if (!QFileInfo(dataDir).isDir())
         return;
+    if (!dryRun)
+        AnnotationFileIO::RemoveStaleTemporaryFiles(dataDir, QDateTime::currentDateTimeUtc());
 
     QStringList paths;
     if (allAnnotationFiles) {
@@ -202,12 +251,30 @@ void AnnotationFileProcessor::Run(ObjectBlockProcessor& processor)
         const QString& path = paths.at(i);
         if (progressCallback)
             progressCallback->Progress(path, i + 1, total);
-        if (!QFile::exists(path))
+        if (!QFile::exists(path)) {
+            // A link that leads nowhere under the primary name sends the
+            // look-up on to the fallback name; the link is what the user
+            // needs to hear of.
+            const QString primary = allAnnotationFiles ? path : primaryPath(dataDir, fileNames.at(i));
+            const QString link = QFileInfo(primary).isSymLink() ? primary : path;
+            if (QFileInfo(link).isSymLink())
+                leaveOut(link, tr("%1: is a link to a missing file, left unchanged").arg(link));
+            else if (allAnnotationFiles)
+                leaveOut(path, tr("%1: disappeared during the run").arg(path));
+            else
+                documentsWithoutFile.append(fileNames.at(i));
             continue;
+        }
         processor.BeginFile(path);
         processFile(path, processor);
         processor.EndFile(path);
     }
+}
+
+void AnnotationFileProcessor::leaveOut(const QString& path, const QString& message)
+{
+    leftOutFiles.append(path);
+    warnings.append(message);
 }
 
 void AnnotationFileProcessor::processFile(const QString& path, ObjectBlockProcessor& processor)
@@ -217,37 +284,55 @@ void AnnotationFileProcessor::processFile(const QString& path, ObjectBlockProces
         // Opened for writing too: a file that may not be written is skipped
         // before any work is spent on it.
         QFile file(path);
+        if (QFileInfo(path).isDir())
+            return leaveOut(path, tr("%1: is a folder, left unchanged").arg(path));
         if (!file.open(QIODevice::ReadWrite))
-            return;
+            return leaveOut(path, tr("%1: could not be opened (%2), left unchanged").arg(path, file.errorString()));
         bytes = file.readAll();
         if (file.error() != QFileDevice::NoError) {
-            warnings.append(tr("%1: could not be read (%2)").arg(path, file.errorString()));
             ++filesExamined;
-            return;
+            return leaveOut(path, tr("%1: could not be read (%2)").arg(path, file.errorString()));
         }
     }
     ++filesExamined;
 
     AnnotationFileIO::DecodedText decoded = AnnotationFileIO::DecodeText(bytes);
-    int changedBlocks = 0;
-    if (!ProcessText(decoded.text, processor, &changedBlocks))
+    TextReport report;
+    if (!ProcessText(decoded.text, processor, &report))
         return;
 
-    if (!decoded.validUtf8) {
-        warnings.append(tr("%1: not valid UTF-8, left unchanged").arg(path));
-        return;
-    }
+    if (!decoded.validUtf8)
+        return leaveOut(path, tr("%1: not valid UTF-8, left unchanged").arg(path));
     const QByteArray newBytes = AnnotationFileIO::EncodeText(decoded.text, decoded.hasBom);
     QString error;
     const bool written = dryRun ? AnnotationFileIO::CanReplaceFile(path, &error)
                                 : AnnotationFileIO::ReplaceFile(path, newBytes, &error);
-    if (!written) {
-        warnings.append(tr("%1: could not be written (%2), left unchanged").arg(path, error));
-        return;
+    if (!written)
+        return leaveOut(path, tr("%1: could not be written (%2), left unchanged").arg(path, error));
+    if (report.unclosedBlockLine > 0) {
+        warnings.append(tr("%1: the object from line %2 is not closed: its %3 lines to the end of the file are dropped")
+                            .arg(path)
+                            .arg(report.unclosedBlockLine)
+                            .arg(report.droppedLines));
     }
     ++filesChanged;
     changedFiles.append(path);
-    changedBlockCounts.append(changedBlocks);
-    if (dryRun)
-        changedContents.append(newBytes);
+    changedBlockCounts.append(report.changedBlocks);
+}
+
+bool AnnotationFileProcessor::PreviewFile(
+    const QString& path, ObjectBlockProcessor& processor, QByteArray* current, QByteArray* result)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    *current = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return false;
+    AnnotationFileIO::DecodedText decoded = AnnotationFileIO::DecodeText(*current);
+    processor.BeginFile(path);
+    const bool changed = ProcessText(decoded.text, processor, static_cast<TextReport*>(nullptr));
+    processor.EndFile(path);
+    *result = changed && decoded.validUtf8 ? AnnotationFileIO::EncodeText(decoded.text, decoded.hasBom) : *current;
+    return true;
 }

@@ -16,8 +16,8 @@ class ProgressCallback;
 /// object blocks and writes the file back when its text changed.
 ///
 /// A changed file is replaced atomically (a failed write leaves the old bytes
-/// in place) and a file that is not valid UTF-8 is never rewritten; both are
-/// reported through GetWarnings().
+/// in place) and a file that is not valid UTF-8 is never rewritten; every
+/// file left out is named with its reason in GetWarnings().
 class KAMO_TOOLS_EXPORT AnnotationFileProcessor
 {
 public:
@@ -41,23 +41,46 @@ public:
     /// Receives one report per file before it is processed; not owned, may be null.
     void SetProgressCallback(ProgressCallback* callback) { progressCallback = callback; }
 
-    /// Processes and counts everything as a real run would, but writes
-    /// nothing: GetChangedFiles() then lists the files that would be written,
-    /// GetChangedContents() what they would hold, and a file whose folder
-    /// would not take the replacement is warned about as in a real run.
+    /// Processes, counts and warns as a real run would, but writes nothing:
+    /// GetChangedFiles() then lists the files that would be written, and a
+    /// file whose folder would not take the replacement is warned about as in
+    /// a real run. What a file would hold is not kept (a preview of thousands
+    /// of files would hold them all): PreviewFile() makes it again.
     void SetDryRun(bool dry) { dryRun = dry; }
 
     /// Processes the files with \p processor: each existing annotation file gets BeginFile(), its blocks,
-    /// AppendToFile() and EndFile(); missing files are skipped silently. Does nothing when the data folder does not
-    /// exist.
+    /// AppendToFile() and EndFile(); documents without an annotation file are skipped and listed in
+    /// GetDocumentsWithoutFile(). Does nothing when the data folder does not exist. A real run first removes
+    /// the temporary files that a killed run left in the data folder.
     void Run(ObjectBlockProcessor& processor);
+
+    /// What ProcessText() found besides the new text.
+    struct TextReport {
+        /// Blocks the processor did not return as they were, plus one when it
+        /// appended lines at the end, plus one for a block that is not closed.
+        int changedBlocks = 0;
+        /// The line (1-based, counted in the text as given) of a "BO" that
+        /// no "EO" follows, 0 when every block is closed; its lines and all
+        /// after it are left out of the result.
+        int unclosedBlockLine = 0;
+        /// How many non-empty lines that leaves out.
+        int droppedLines = 0;
+    };
 
     /// Splits `text` into lines and object blocks, lets `processor` rewrite
     /// each block and joins the lines with "\r\n". Answers whether the text
     /// changed; only then is `text` replaced. `changedBlocks`, when given,
-    /// receives the number of blocks the processor did not return as they
-    /// were, plus one when it appended lines at the end.
+    /// receives TextReport::changedBlocks.
     static bool ProcessText(QString& text, ObjectBlockProcessor& processor, int* changedBlocks = nullptr);
+    /// As above, with all that was found in `report`.
+    static bool ProcessText(QString& text, ObjectBlockProcessor& processor, TextReport* report);
+
+    /// Processes the annotation file `path` as a run would, without writing
+    /// or counting it: `current` receives its bytes, `result` what a run
+    /// would write (the same bytes when it would not write the file). False
+    /// when the file cannot be read.
+    static bool PreviewFile(
+        const QString& path, ObjectBlockProcessor& processor, QByteArray* current, QByteArray* result);
 
     /// The files found and processed, and those written (or, in a dry run, that would be).
     ///@{
@@ -65,20 +88,25 @@ public:
     int GetFilesChanged() const { return filesChanged; }
     ///@}
 
-    /// Files that were found but could not be handled as asked (not UTF-8,
-    /// unreadable, not writable), one message each, in processing order.
+    /// Everything a user should hear of, one message each, in processing
+    /// order: the files of GetLeftOutFiles() with the reason ("Permission
+    /// denied", "not valid UTF-8", "is a folder", ...), and files written
+    /// without the lines of a block that is not closed.
     const QStringList& GetWarnings() const { return warnings; }
+    /// Full paths of the files that could not be read, or that would have
+    /// changed but could not be written, in processing order.
+    const QStringList& GetLeftOutFiles() const { return leftOutFiles; }
+    /// The document names (as given to SetFileNames()) that have no
+    /// annotation file: usual for documents nobody annotated yet.
+    const QStringList& GetDocumentsWithoutFile() const { return documentsWithoutFile; }
 
     /// Full paths of the files written by Run, in processing order, and for
-    /// each the number of its blocks that changed (see ProcessText); a file
-    /// with 0 changed only by the normalised line ends.
+    /// each the number of its blocks that changed (TextReport::changedBlocks);
+    /// a file with 0 changed only by the normalised line ends.
     ///@{
     const QStringList& GetChangedFiles() const { return changedFiles; }
     const QList<int>& GetChangedBlockCounts() const { return changedBlockCounts; }
     ///@}
-    /// After a dry run: for each of GetChangedFiles() the bytes that a real
-    /// run would write. Empty after a real run.
-    const QList<QByteArray>& GetChangedContents() const { return changedContents; }
 
     /// The project's data folder: the cleaned root followed by "/Daten".
     static QString DataDirectory(const QString& projectRootDir);
@@ -95,6 +123,7 @@ public:
 
 private:
     void processFile(const QString& path, ObjectBlockProcessor& processor);
+    void leaveOut(const QString& path, const QString& message);
 
     QString projectRootDir;
     QStringList fileNames;
@@ -105,9 +134,10 @@ private:
     bool allAnnotationFiles = false;
     bool dryRun = false;
     QStringList warnings;
+    QStringList leftOutFiles;
+    QStringList documentsWithoutFile;
     QStringList changedFiles;
     QList<int> changedBlockCounts;
-    QList<QByteArray> changedContents;
 };
 
 #endif

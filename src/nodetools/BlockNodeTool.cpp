@@ -45,3 +45,8 @@ void BlockNodeTool::SetDryRun(bool dry)
 {
     fileProcessor->SetDryRun(dry);
 }
+
+bool BlockNodeTool::PreviewFile(const QString& path, QByteArray* current, QByteArray* result)
+{
+    return AnnotationFileProcessor::PreviewFile(path, *blockProcessor, current, result);
+}

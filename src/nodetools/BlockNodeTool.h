@@ -4,6 +4,7 @@
 #include "kamo_tools_export.h"
 #include "nodetools/NodeTool.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -37,6 +38,9 @@ public:
     ///@}
     /// See AnnotationFileProcessor::SetDryRun.
     void SetDryRun(bool dry);
+    /// What a run would make of the annotation file `path`, with this tool's
+    /// options; see AnnotationFileProcessor::PreviewFile.
+    bool PreviewFile(const QString& path, QByteArray* current, QByteArray* result);
 
     /// The loop of the last run, for its warnings and the files it wrote.
     const AnnotationFileProcessor& FileProcessor() const { return *fileProcessor; }

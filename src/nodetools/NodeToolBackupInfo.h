@@ -20,6 +20,9 @@ struct KAMO_TOOLS_EXPORT NodeToolBackupInfo {
     QString user;
     ///@}
     int fileCount = 0; ///< annotation files in the folder
+    /// False for a plain file where a backup folder should be: a backup
+    /// that is lost, to be shown as damaged rather than hidden.
+    bool isFolder = true;
     /// Whether the log could be read.
     bool logRead = false;
     QString logText; ///< the whole log when it could be read

@@ -16,12 +16,15 @@
 #include <QDir>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -115,7 +118,8 @@ private Q_SLOTS:
     void categoryFilterReachesOperationWithoutFilterTab();
     void previewWritesNothingAndListsWhatTheRunChanges_data();
     void previewWritesNothingAndListsWhatTheRunChanges();
-    void restoreFromTheBackupListGivesTheBackupBack();
+    void restoreFromTheBackupListChecksTheBackup_data();
+    void restoreFromTheBackupListChecksTheBackup();
 };
 
 void DlgNodeToolsTest::tabsFollowTheOperation_data()
@@ -340,17 +344,22 @@ void DlgNodeToolsTest::previewWritesNothingAndListsWhatTheRunChanges_data()
     QTest::newRow("Schließen returns to the dialog") << false;
 }
 
+// The last object is not closed: the run drops it, and says so in the
+// preview and after the run.
 void DlgNodeToolsTest::previewWritesNothingAndListsWhatTheRunChanges()
 {
     QFETCH(bool, execute);
     Host host;
-    const QByteArray before = HostText({ "ANN=2", "BO", "NA=S1", splitLink("x.pdf"), "EO" });
+    const QByteArray before = HostText({ "ANN=2", "BO", "NA=S1", splitLink("x.pdf"), "EO", "BO", "NA=offen" });
     host.project.Write("Plan.ann", before);
     host.project.Write("Lose.ann", before); // no node's document: stays
     bool analysisPreviewable = true;
     QStringList listed;
+    QStringList warnings;
+    QString comparison;
     QByteArray duringPreview;
     QString text;
+    QString notice;
     ModalDriver driver;
     driver.Expect("DlgNodeTools", [&](QWidget* window) {
         auto* dialog = static_cast<DlgNodeTools*>(window);
@@ -365,17 +374,22 @@ void DlgNodeToolsTest::previewWritesNothingAndListsWhatTheRunChanges()
         auto* files = child<QTreeWidget>(preview, "treeChangedFiles");
         for (int i = 0; i < files->topLevelItemCount(); ++i)
             listed.append(files->topLevelItem(i)->text(0) + ": " + files->topLevelItem(i)->text(1));
+        auto* warningList = child<QListWidget>(preview, "lstWarnings");
+        for (int i = 0; i < warningList->count(); ++i)
+            warnings.append(warningList->item(i)->text());
+        comparison = child<QTextBrowser>(preview, "txtComparison")->toHtml();
         duringPreview = host.project.Read("Plan.ann");
         if (!QDir(host.project.DataPath("ann_sic")).exists())
             duringPreview += " and no backup";
         child<QPushButton>(preview, execute ? "btnExecute" : "btnClose")->click();
     });
-    if (execute)
-        driver.Expect("QMessageBox", [&text](QWidget* box) {
-            text = static_cast<QMessageBox*>(box)->text();
+    if (execute) {
+        driver.Expect("QMessageBox", readBox(&text, &text));
+        driver.Expect("QMessageBox", [&notice](QWidget* box) {
+            notice = static_cast<QMessageBox*>(box)->informativeText();
             static_cast<QMessageBox*>(box)->accept();
         });
-    else
+    } else
         driver.Expect("DlgNodeTools", [](QWidget* dialog) { static_cast<QDialog*>(dialog)->reject(); });
 
     DialogNodeTools tools(nullptr);
@@ -383,11 +397,17 @@ void DlgNodeToolsTest::previewWritesNothingAndListsWhatTheRunChanges()
     tools.ShowModal();
 
     QVERIFY(!analysisPreviewable);
-    QCOMPARE(listed, QStringList { "Plan.ann: 1" });
+    QCOMPARE(listed, QStringList { "Plan.ann: 2" });
+    const QString unclosed = host.project.DataPath("Plan.ann")
+        + ": the object from line 6 is not closed: its 2 lines to the end of the "
+          "file are dropped";
+    QCOMPARE(warnings, QStringList { unclosed });
+    QVERIFY(comparison.contains(QRegularExpression("#ffe1e1[^<]*>NA=offen<")));
     QCOMPARE(duringPreview, before + " and no backup");
     QCOMPARE(host.project.Read("Lose.ann"), before);
     if (execute) {
         QCOMPARE(text, "Dateien verändert: 1");
+        QCOMPARE(notice, unclosed);
         QCOMPARE(host.project.Read("Plan.ann"), HostText({ "ANN=2", "BO", "NA=S1", "EO" }));
         QCOMPARE(QDir(host.project.DataPath("ann_sic")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
     } else {
@@ -396,41 +416,81 @@ void DlgNodeToolsTest::previewWritesNothingAndListsWhatTheRunChanges()
     }
 }
 
-void DlgNodeToolsTest::restoreFromTheBackupListGivesTheBackupBack()
+void DlgNodeToolsTest::restoreFromTheBackupListChecksTheBackup_data()
 {
+    QTest::addColumn<QString>("damage");
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("question"); // found in the question asked before the restore
+    QTest::addColumn<QString>("report");   // found in the report after it
+    QTest::newRow("intact") << ""
+                            << "geprüft"
+                            << "Dateien, die ersetzt werden: 2"
+                            << "Dateien wiederhergestellt: 2";
+    QTest::newRow("a file truncated") << "truncate"
+                                      << "beschädigt (1)"
+                                      << "Plan.ann: 2 bytes instead of 6"
+                                      << "Nicht wiederhergestellt: 1";
+    QTest::newRow("no manifest") << "manifest"
+                                 << "ungeprüft (ohne Manifest)"
+                                 << "kein Manifest"
+                                 << "nicht geprüft werden";
+}
+
+void DlgNodeToolsTest::restoreFromTheBackupListChecksTheBackup()
+{
+    QFETCH(QString, damage);
+    QFETCH(QString, state);
+    QFETCH(QString, question);
+    QFETCH(QString, report);
     TestProject project;
     project.Write("Plan.ann", "vorher");
+    project.Write("Text.ann", "vorher");
     NodeToolBackup backup;
     backup.projectRootDir = project.Root();
     backup.logText = "Node Tool Operation: 1\nSource: " + project.Root() + "\nUser: mmeier";
     QVERIFY(backup.Create());
     project.Write("Plan.ann", "nachher");
+    project.Write("Text.ann", "nachher");
+    if (damage == "truncate")
+        QVERIFY(QFile::resize(backup.GetBackupFolder() + "/Plan.ann", 2));
+    else if (damage == "manifest")
+        QVERIFY(QFile::remove(backup.GetBackupFolder() + "/nodeToolOperation.manifest"));
     QVERIFY(QDir(project.DataDir()).mkpath("ann_sic/kaputt"));
+    project.Write("ann_sic/01.01.2020 10.00.00", "a file where a backup folder should be");
 
     DlgNodeToolsBackups list;
     list.SetProject(project.Root(), { "Bezeichnungen abgleichen", "HREF: In Objekten entfernen" });
     auto* backups = child<QTreeWidget>(&list, "treeBackups");
-    QCOMPARE(backups->topLevelItemCount(), 2);
+    QCOMPARE(backups->topLevelItemCount(), 3);
     QCOMPARE(backups->topLevelItem(0)->text(1), "HREF: In Objekten entfernen");
-    QCOMPARE(backups->topLevelItem(1)->text(0), "kaputt (kein Zeitstempel)");
+    QCOMPARE(backups->topLevelItem(2)->text(0), "kaputt (kein Zeitstempel)");
+    QTRY_VERIFY(list.ChecksDone());
+    QCOMPARE(backups->topLevelItem(0)->text(5), state);
+    QCOMPARE(backups->topLevelItem(1)->text(5), "beschädigt (1)");
     QVERIFY(child<QPlainTextEdit>(&list, "txtLog")->toPlainText().startsWith("Node Tool Operation: 1\n"));
 
-    QString question;
-    QString report;
+    QString asked;
+    QString told;
     ModalDriver driver;
-    driver.Expect("QMessageBox", [&question](QWidget* box) {
-        question = static_cast<QMessageBox*>(box)->text();
-        static_cast<QMessageBox*>(box)->button(QMessageBox::Yes)->click();
+    driver.Expect("QMessageBox", [&asked](QWidget* window) {
+        auto* box = static_cast<QMessageBox*>(window);
+        asked = box->text() + '\n' + box->informativeText();
+        box->buttons().constFirst()->click(); // "Yes", or "Übrige wiederherstellen"
     });
-    driver.Expect("QMessageBox", readBox(&report, &report));
+    driver.Expect("QMessageBox", [&told](QWidget* window) {
+        auto* box = static_cast<QMessageBox*>(window);
+        told = box->text() + '\n' + box->informativeText();
+        box->accept();
+    });
     backups->setCurrentItem(backups->topLevelItem(0));
     list.OnRestoreClicked();
 
-    QVERIFY2(question.contains("Dateien, die ersetzt werden: 1"), qPrintable(question));
-    QVERIFY2(report.startsWith("Dateien wiederhergestellt: 1"), qPrintable(report));
-    QCOMPARE(project.Read("Plan.ann"), QByteArray("vorher"));
+    QVERIFY2(asked.contains(question), qPrintable(asked));
+    QVERIFY2(told.contains(report), qPrintable(told));
+    QCOMPARE(project.Read("Plan.ann"), QByteArray(damage == "truncate" ? "nachher" : "vorher"));
+    QCOMPARE(project.Read("Text.ann"), QByteArray("vorher"));
     // The state before the restore is the newest backup now.
-    QCOMPARE(backups->topLevelItemCount(), 3);
+    QCOMPARE(backups->topLevelItemCount(), 4);
     QVERIFY(backups->topLevelItem(0)->text(1).startsWith("Wiederherstellung "));
 }
 

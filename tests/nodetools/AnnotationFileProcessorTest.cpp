@@ -68,6 +68,8 @@ private Q_SLOTS:
     void dryRunPredictsTheRealRunByteForByte();
     void failedWriteKeepsOldContentAndLeavesNoTemporaryFile_data();
     void failedWriteKeepsOldContentAndLeavesNoTemporaryFile();
+    void temporaryFilesOfAKilledRunGoWithTheNextRun();
+    void fileTheUserMayNotWriteIsNamedAndKept();
 };
 
 void AnnotationFileProcessorTest::findsAnnotationFileOfDocument_data()
@@ -95,26 +97,33 @@ void AnnotationFileProcessorTest::findsAnnotationFileOfDocument()
     QCOMPARE(AnnotationFileProcessor::AnnotationFilePath(project.DataDir(), document), project.DataPath(expected));
 }
 
-// b.ann is missing, c.ann is a folder that cannot be opened as a file.
+// b.ann is missing, c.ann is a folder that cannot be opened as a file, e.ann
+// a link to a file that is gone. Before, the last two went unmentioned.
 void AnnotationFileProcessorTest::reportsEveryDocumentButCountsOnlyFoundFiles()
 {
     TestProject project;
     project.Write("a.ann", withLinks);
     QVERIFY(QDir(project.DataDir()).mkdir("c.ann"));
     project.Write("d.ann", withoutLinks);
+    QVERIFY(QFile::link("gone.ann", project.DataPath("e.ann")));
     AnnotationFileProcessor processor;
     processor.SetProjectRootDir(project.Root());
-    processor.SetFileNames({ "a.pdf", "b.pdf", "c.pdf", "d.pdf" });
+    processor.SetFileNames({ "a.pdf", "b.pdf", "c.pdf", "d.pdf", "e.pdf" });
     EventLog log;
     processor.SetProgressCallback(&log);
     processor.Run(log);
 
     QCOMPARE(log.events,
-        (QStringList { "progress a.ann 1/4", "begin a.ann", "block", "end a.ann", "progress bpdf.ann 2/4",
-            "progress c.ann 3/4", "begin c.ann", "end c.ann", "progress d.ann 4/4", "begin d.ann", "block",
-            "end d.ann" }));
+        (QStringList { "progress a.ann 1/5", "begin a.ann", "block", "end a.ann", "progress bpdf.ann 2/5",
+            "progress c.ann 3/5", "begin c.ann", "end c.ann", "progress d.ann 4/5", "begin d.ann", "block", "end d.ann",
+            "progress epdf.ann 5/5" }));
     QCOMPARE(processor.GetFilesExamined(), 2);
     QCOMPARE(processor.GetFilesChanged(), 0);
+    QCOMPARE(processor.GetDocumentsWithoutFile(), QStringList { "b.pdf" });
+    QCOMPARE(processor.GetLeftOutFiles(), (QStringList { project.DataPath("c.ann"), project.DataPath("e.ann") }));
+    QCOMPARE(processor.GetWarnings(),
+        (QStringList { project.DataPath("c.ann") + ": is a folder, left unchanged",
+            project.DataPath("e.ann") + ": is a link to a missing file, left unchanged" }));
 }
 
 void AnnotationFileProcessorTest::unchangedFileIsNotWritten()
@@ -209,8 +218,9 @@ void AnnotationFileProcessorTest::dryRunPredictsTheRealRunByteForByte()
         "\xEF\xBB\xBF"
         "DOC=b.pdf\nBO\nNA=S\nEO\n\n"); // line ends only, with a BOM
     project.Write("c.ann", withoutLinks);
-    project.Write("d.ann", withLinks + "\xFF"); // not UTF-8
-    const QStringList documents { "a.pdf", "b.pdf", "c.pdf", "d.pdf", "missing.pdf" };
+    project.Write("d.ann", withLinks + "\xFF");                           // not UTF-8
+    project.Write("e.ann", "BO\r\nNA=zu\r\nEO\r\n\r\nBO\nNA=offen\nX=1"); // the last object is not closed
+    const QStringList documents { "a.pdf", "b.pdf", "c.pdf", "d.pdf", "e.pdf", "missing.pdf" };
 
     AnnotationFileProcessor dry;
     dry.SetProjectRootDir(project.Root());
@@ -219,17 +229,26 @@ void AnnotationFileProcessorTest::dryRunPredictsTheRealRunByteForByte()
     RemoveHREFBlockProcessor remove;
     dry.Run(remove);
     QCOMPARE(project.Read("a.ann"), withLinks);
-    QCOMPARE(project.DataEntries(), (QStringList { "a.ann", "b.ann", "c.ann", "d.ann" }));
+    QCOMPARE(project.DataEntries(), (QStringList { "a.ann", "b.ann", "c.ann", "d.ann", "e.ann" }));
+    QCOMPARE(dry.GetWarnings().constLast(),
+        project.DataPath("e.ann")
+            + ": the object from line 5 is not closed: its 3 lines to the end of the file are dropped");
+    QList<QByteArray> previews;
+    for (const QString& path : dry.GetChangedFiles()) {
+        QByteArray current;
+        previews.append(QByteArray());
+        QVERIFY(AnnotationFileProcessor::PreviewFile(path, remove, &current, &previews.last()));
+        QCOMPARE(current, project.Read(QFileInfo(path).fileName()));
+    }
 
     const AnnotationFileProcessor real = removeLinks(project, documents);
     QCOMPARE(dry.GetChangedFiles(), real.GetChangedFiles());
-    QCOMPARE(dry.GetChangedBlockCounts(), (QList<int> { 1, 0 }));
+    QCOMPARE(dry.GetChangedBlockCounts(), (QList<int> { 1, 0, 1 }));
     QCOMPARE(dry.GetWarnings(), real.GetWarnings());
+    QCOMPARE(dry.GetLeftOutFiles(), real.GetLeftOutFiles());
     QCOMPARE(dry.GetFilesExamined(), real.GetFilesExamined());
-    QCOMPARE(dry.GetChangedContents().size(), 2);
-    QCOMPARE(dry.GetChangedContents().at(0), project.Read("a.ann"));
-    QCOMPARE(dry.GetChangedContents().at(1), project.Read("b.ann"));
-    QVERIFY(real.GetChangedContents().isEmpty());
+    QCOMPARE(previews, (QList<QByteArray> { project.Read("a.ann"), project.Read("b.ann"), project.Read("e.ann") }));
+    QCOMPARE(project.Read("e.ann"), QByteArray("BO\r\nNA=zu\r\nEO"));
 }
 
 void AnnotationFileProcessorTest::failedWriteKeepsOldContentAndLeavesNoTemporaryFile_data()
@@ -266,6 +285,67 @@ void AnnotationFileProcessorTest::failedWriteKeepsOldContentAndLeavesNoTemporary
         QVERIFY(WIFEXITED(status) && WEXITSTATUS(status) == 1); // nothing changed, one warning
     QCOMPARE(project.Read("a.ann"), original);
     QCOMPARE(project.DataEntries(), QStringList { "a.ann" });
+}
+
+// A run killed between naming its temporary file and renaming it over the
+// annotation file leaves the temporary file behind.
+void AnnotationFileProcessorTest::temporaryFilesOfAKilledRunGoWithTheNextRun()
+{
+    TestProject project;
+    project.Write("a.ann", withLinks);
+    const QStringList debris { ".a.ann.kamo-1x9z0q", ".a.ann.kamo-AbC123" };
+    const QStringList others { ".a.ann.kamo-newer", ".notes.kamo-1x9z0q", "a.ann.kamo-1x9z0q", ".a.ann.kamo-toolong1" };
+    for (const QString& name : debris + others) {
+        project.Write(name, "x");
+        QFile file(project.DataPath(name));
+        const int days = name.contains("newer") ? 1 : -1; // newer: a file of a run still going
+        QVERIFY(file.open(QIODevice::Append)
+            && file.setFileTime(QDateTime::currentDateTime().addDays(days), QFileDevice::FileModificationTime));
+    }
+    AnnotationFileProcessor dry;
+    dry.SetProjectRootDir(project.Root());
+    dry.SetAllAnnotationFiles(true);
+    dry.SetDryRun(true);
+    RemoveHREFBlockProcessor remove;
+    dry.Run(remove);
+    QCOMPARE(project.DataEntries().size(), 7);
+
+    removeLinks(project, { "a.pdf" });
+    QStringList expected = others + QStringList { "a.ann" };
+    expected.sort();
+    QCOMPARE(project.DataEntries(), expected);
+}
+
+// Before, a file that could not be opened for writing was skipped without a word.
+void AnnotationFileProcessorTest::fileTheUserMayNotWriteIsNamedAndKept()
+{
+    TestProject project;
+    project.Write("a.ann", withLinks);
+    QVERIFY(QFile::setPermissions(project.DataPath("a.ann"), QFileDevice::ReadOwner | QFileDevice::ReadOther));
+    // Root may write anything: the run goes to an ordinary user.
+    const uid_t nobody = 65534;
+    if (geteuid() == 0) {
+        for (const QString& path : { project.Root(), project.DataDir(), project.DataPath("a.ann") })
+            QVERIFY(chown(QFile::encodeName(path).constData(), nobody, nobody) == 0);
+    }
+    const pid_t child = fork();
+    QVERIFY(child >= 0);
+    if (child == 0) {
+        if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0))
+            _exit(2);
+        const AnnotationFileProcessor processor = removeLinks(project, { "a.pdf" });
+        const QString expected
+            = project.DataPath("a.ann") + ": could not be opened (Permission denied), left unchanged";
+        _exit(processor.GetWarnings() == QStringList { expected }
+                    && processor.GetLeftOutFiles() == QStringList { project.DataPath("a.ann") }
+                ? 0
+                : 1);
+    }
+    int status = 0;
+    QCOMPARE(waitpid(child, &status, 0), child);
+    QVERIFY(WIFEXITED(status));
+    QCOMPARE(WEXITSTATUS(status), 0);
+    QCOMPARE(project.Read("a.ann"), withLinks);
 }
 
 QTEST_GUILESS_MAIN(AnnotationFileProcessorTest)

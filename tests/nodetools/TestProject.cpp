@@ -5,7 +5,8 @@
 #include <QDir>
 #include <QFile>
 
-TestProject::TestProject()
+TestProject::TestProject(const QString& parent)
+    : dir(parent.isEmpty() ? QDir::tempPath() + "/kamo-test-XXXXXX" : parent + "/project-XXXXXX")
 {
     QDir(dir.path()).mkdir("Daten");
 }

@@ -12,7 +12,8 @@ class ObjectBlockProcessor;
 class TestProject
 {
 public:
-    TestProject();
+    // In a temporary folder of `parent`, or of the system's when empty.
+    explicit TestProject(const QString& parent = QString());
 
     QString Root() const { return dir.path(); }
     QString DataDir() const { return dir.path() + "/Daten"; }

@@ -15,6 +15,26 @@
         <source>%1: could not be written (%2), left unchanged</source>
         <translation>%1: konnte nicht geschrieben werden (%2), unverändert gelassen</translation>
     </message>
+    <message>
+        <source>%1: is a link to a missing file, left unchanged</source>
+        <translation>%1: ist eine Verknüpfung auf eine fehlende Datei, unverändert gelassen</translation>
+    </message>
+    <message>
+        <source>%1: disappeared during the run</source>
+        <translation>%1: ist während des Laufs verschwunden</translation>
+    </message>
+    <message>
+        <source>%1: is a folder, left unchanged</source>
+        <translation>%1: ist ein Ordner, unverändert gelassen</translation>
+    </message>
+    <message>
+        <source>%1: could not be opened (%2), left unchanged</source>
+        <translation>%1: konnte nicht geöffnet werden (%2), unverändert gelassen</translation>
+    </message>
+    <message>
+        <source>%1: the object from line %2 is not closed: its %3 lines to the end of the file are dropped</source>
+        <translation>%1: Objekt ab Zeile %2 nicht abgeschlossen: seine %3 Zeilen bis zum Dateiende entfallen</translation>
+    </message>
 </context>
 <context>
     <name>AttributeTableModel</name>
@@ -49,6 +69,25 @@
     <message>
         <source>%1, width %2</source>
         <translation>%1, Breite %2</translation>
+    </message>
+</context>
+<context>
+    <name>BackupManifest</name>
+    <message>
+        <source>not a backup manifest</source>
+        <translation>kein Manifest einer Sicherung</translation>
+    </message>
+    <message>
+        <source>the end line does not match the %1 files listed</source>
+        <translation>die Schlusszeile passt nicht zu den %1 aufgeführten Dateien</translation>
+    </message>
+    <message>
+        <source>line %1 cannot be read</source>
+        <translation>Zeile %1 ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>the backup was not finished</source>
+        <translation>die Sicherung wurde nicht abgeschlossen</translation>
     </message>
 </context>
 <context>
@@ -706,6 +745,60 @@ Der Stand davor ist gesichert in:
 
 %1</translation>
     </message>
+    <message>
+        <source>Zustand</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>wird geprüft … %1 %</source>
+        <translation>wird geprüft … %1 %</translation>
+    </message>
+    <message>
+        <source>geprüft</source>
+        <translation>geprüft</translation>
+    </message>
+    <message>
+        <source>beschädigt (%1)</source>
+        <translation>beschädigt (%1)</translation>
+    </message>
+    <message>
+        <source>ungeprüft (ohne Manifest)</source>
+        <translation>ungeprüft (ohne Manifest)</translation>
+    </message>
+    <message>
+        <source>Beschädigt: %1 Dateien sind nicht so, wie sie gesichert wurden:</source>
+        <translation>Beschädigt: %1 Dateien sind nicht so, wie sie gesichert wurden:</translation>
+    </message>
+    <message>
+        <source>Die Sicherung vom %1 ist beschädigt: %2 Dateien sind nicht so, wie sie gesichert wurden.</source>
+        <translation>Die Sicherung vom %1 ist beschädigt: %2 Dateien sind nicht so, wie sie gesichert wurden.</translation>
+    </message>
+    <message>
+        <source>
+… und %1 weitere</source>
+        <translation>
+… und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Die übrigen %1 Dateien wiederherstellen? Der jetzige Stand wird vorher gesichert.</source>
+        <translation>Die übrigen %1 Dateien wiederherstellen? Der jetzige Stand wird vorher gesichert.</translation>
+    </message>
+    <message>
+        <source>Übrige wiederherstellen</source>
+        <translation>Übrige wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Diese Sicherung hat kein Manifest (von einer älteren Version oder vom Hauptprogramm angelegt): ihre Dateien können nicht geprüft werden.</source>
+        <translation>Diese Sicherung hat kein Manifest (von einer älteren Version oder vom Hauptprogramm angelegt): ihre Dateien können nicht geprüft werden.</translation>
+    </message>
+    <message>
+        <source>Die Dateien konnten nicht geprüft werden (kein Manifest).</source>
+        <translation>Die Dateien konnten nicht geprüft werden (kein Manifest).</translation>
+    </message>
+    <message>
+        <source>Nicht wiederhergestellt: %1</source>
+        <translation>Nicht wiederhergestellt: %1</translation>
+    </message>
 </context>
 <context>
     <name>DlgNodeToolsPreview</name>
@@ -1170,6 +1263,84 @@ Dateien, die bleiben, wie sie sind: %2</translation>
     <message>
         <source>Object %1 replaces the earlier sheet &quot;%2&quot; at scale %3</source>
         <translation>Objekt %1 ersetzt das frühere Blatt „%2“ im Maßstab %3</translation>
+    </message>
+</context>
+<context>
+    <name>NodeToolBackup</name>
+    <message>
+        <source>no project folder given</source>
+        <translation>kein Projektordner angegeben</translation>
+    </message>
+    <message>
+        <source>no data folder &apos;%1&apos;</source>
+        <translation>kein Datenordner „%1“</translation>
+    </message>
+    <message>
+        <source>the backup folder &apos;%1&apos; cannot be created</source>
+        <translation>der Sicherungsordner „%1“ kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>Incomplete: %1</source>
+        <translation>Unvollständig: %1</translation>
+    </message>
+    <message>
+        <source>the manifest cannot be written (%1)</source>
+        <translation>das Manifest kann nicht geschrieben werden (%1)</translation>
+    </message>
+    <message>
+        <source>%1 could not be copied (%2)</source>
+        <translation>%1 konnte nicht kopiert werden (%2)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read (%2)</source>
+        <translation>%1 kann nicht gelesen werden (%2)</translation>
+    </message>
+    <message>
+        <source>the backup could not be written to disk (%1)</source>
+        <translation>die Sicherung konnte nicht auf die Platte geschrieben werden (%1)</translation>
+    </message>
+    <message>
+        <source>no backup &apos;%1&apos; in &apos;%2&apos;</source>
+        <translation>keine Sicherung „%1“ in „%2“</translation>
+    </message>
+    <message>
+        <source>the backup is damaged</source>
+        <translation>die Sicherung ist beschädigt</translation>
+    </message>
+    <message>
+        <source>the current state could not be backed up: %1</source>
+        <translation>der jetzige Stand konnte nicht gesichert werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>NodeToolBackupCheck</name>
+    <message>
+        <source>is a file, not a backup folder</source>
+        <translation>ist eine Datei, kein Sicherungsordner</translation>
+    </message>
+    <message>
+        <source>the backup folder does not exist</source>
+        <translation>der Sicherungsordner fehlt</translation>
+    </message>
+    <message>
+        <source>too large for a manifest</source>
+        <translation>zu groß für ein Manifest</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>not in the manifest</source>
+        <translation>nicht im Manifest</translation>
+    </message>
+    <message>
+        <source>%1 bytes instead of %2</source>
+        <translation>%1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>its content changed since the backup</source>
+        <translation>ihr Inhalt hat sich seit der Sicherung geändert</translation>
     </message>
 </context>
 <context>

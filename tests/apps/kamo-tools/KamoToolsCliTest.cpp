@@ -1,3 +1,4 @@
+#include "../../nodetools/SmallDisk.h"
 #include "../../nodetools/TestProject.h"
 #include "../SampleProject.h"
 
@@ -66,11 +67,15 @@ private Q_SLOTS:
     void operationRewritesAnnotationFiles_data();
     void operationRewritesAnnotationFiles();
     void backupIsTakenAndLogged();
+    void failedBackupStopsBeforeAnyChange_data();
     void failedBackupStopsBeforeAnyChange();
-    void filesLeftUnchangedAreReportedAsWarnings();
+    void filesLeftOutAreNamedAndTheExitStatusSaysSo_data();
+    void filesLeftOutAreNamedAndTheExitStatusSaysSo();
     void dryRunWritesNothingAndCountsLikeTheRun_data();
     void dryRunWritesNothingAndCountsLikeTheRun();
     void restoreGivesTheOriginalBytesBack();
+    void restoreOfADamagedBackupNeedsForce_data();
+    void restoreOfADamagedBackupNeedsForce();
     void analysisFindsAndMovesUnusedFiles();
     void shapeAndDxfCommands_data();
     void shapeAndDxfCommands();
@@ -163,9 +168,10 @@ void KamoToolsCliTest::operationRewritesAnnotationFiles()
     options.replaceInStrings("@", project.Root());
     const Result result = runTool(QStringList { "node" } + options
         + QStringList { "--project", project.Root(), "a.pdf", "b.rev.pdf", "fehlt.pdf" });
-    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.exitCode, 3);
     QCOMPARE(result.out, "Files examined: 2\nFiles changed: 2\n");
-    QCOMPARE(result.err, QString()); // no progress bar when stderr is no terminal
+    // No progress bar when stderr is no terminal.
+    QCOMPARE(result.err, "warning: no annotation file for document fehlt.pdf\n");
     QCOMPARE(project.Read("a.ann"), HostText(QStringList { "DOC=a.pdf" } + expected));
     QCOMPARE(project.Read("b.revpdf.ann"), HostText({ "BO", "KA=Baum", "EO" }));
 }
@@ -186,29 +192,80 @@ void KamoToolsCliTest::backupIsTakenAndLogged()
     QVERIFY2(log.startsWith("Node Tool Operation: 1\nSource: " + project.Root() + "\nUser: "), qPrintable(log));
 }
 
-void KamoToolsCliTest::failedBackupStopsBeforeAnyChange()
+void KamoToolsCliTest::failedBackupStopsBeforeAnyChange_data()
 {
-    TestProject project;
-    project.Write("a.ann", HostText(baum));
-    project.Write("ann_sic", "a file where the backup folder should go");
-    const Result result = runTool({ "node", "remove-href", "--backup", "--project", project.Root(), "--all" });
-    QCOMPARE(result.exitCode, 1);
-    QVERIFY(result.err.contains("Error creating backup"));
-    QCOMPARE(project.Read("a.ann"), HostText(baum));
+    QTest::addColumn<bool>("fullDisk");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("folder blocked") << false << "the backup folder";
+    QTest::newRow("full disk") << true << "No space left on device";
 }
 
-void KamoToolsCliTest::filesLeftUnchangedAreReportedAsWarnings()
+// Before, a backup that filled the disk was reported as made, and the run
+// rewrote files of which it held no copy.
+void KamoToolsCliTest::failedBackupStopsBeforeAnyChange()
 {
-    TestProject project;
-    const QByteArray latin1("BO\r\nNA=Stra\xDF"
-                            "e\r\nHREF=x\r\nEO");
-    project.Write("alt.ann", latin1);
-    project.Write("neu.ann", HostText(baum));
-    const Result result = runTool({ "node", "remove-href", "--project", project.Root(), "--all" });
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.out, "Files examined: 2\nFiles changed: 1\n");
-    QCOMPARE(result.err, "warning: " + project.DataPath("alt.ann") + ": not valid UTF-8, left unchanged\n");
-    QCOMPARE(project.Read("alt.ann"), latin1);
+    QFETCH(bool, fullDisk);
+    QFETCH(QString, reason);
+    SmallDisk disk(320);
+    if (fullDisk && !disk.Mounted())
+        QSKIP(qPrintable(disk.Why()));
+    TestProject project(fullDisk ? disk.Path() : QString());
+    QStringList lines;
+    for (int i = 0; i < 300; ++i)
+        lines += baum;
+    const QByteArray content = HostText(lines); // 8 of them fill two thirds of the disk
+    for (int i = 0; i < 8; ++i)
+        project.Write(QString("d%1.ann").arg(i), content);
+    if (!fullDisk)
+        project.Write("ann_sic", "a file where the backup folder should go");
+    const Result result = runTool({ "node", "remove-href", "--backup", "--project", project.Root(), "--all" });
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.err.startsWith("kamo-tools: Error creating backup: ") && result.err.contains(reason)
+            && result.err.endsWith("Nothing was changed.\n"),
+        qPrintable(result.err));
+    QVERIFY(result.out.isEmpty());
+    for (int i = 0; i < 8; ++i)
+        QCOMPARE(project.Read(QString("d%1.ann").arg(i)), content);
+    QCOMPARE(QDir(project.DataPath("ann_sic")).entryList(QDir::Dirs | QDir::NoDotAndDotDot), QStringList());
+}
+
+void KamoToolsCliTest::filesLeftOutAreNamedAndTheExitStatusSaysSo_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("fullDisk");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("warning");
+    QTest::addColumn<bool>("changed");
+    QTest::newRow("not UTF-8") << QByteArray("BO\r\nNA=Stra\xDF"
+                                             "e\r\nHREF=x\r\nEO")
+                               << false << 3 << "a.ann: not valid UTF-8, left unchanged" << false;
+    QTest::newRow("full disk") << HostText(baum) << true << 3
+                               << "a.ann: could not be written (No space left on device), left unchanged" << false;
+    // Written as every run writes it, but not without a word.
+    QTest::newRow("last object not closed")
+        << HostText(baum + QStringList { "BO", "NA=offen" }) << false << 0
+        << "a.ann: the object from line 5 is not closed: its 2 lines to the end of the file are dropped" << true;
+}
+
+void KamoToolsCliTest::filesLeftOutAreNamedAndTheExitStatusSaysSo()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(bool, fullDisk);
+    QFETCH(int, exitCode);
+    QFETCH(QString, warning);
+    QFETCH(bool, changed);
+    SmallDisk disk(256);
+    if (fullDisk && !disk.Mounted())
+        QSKIP(qPrintable(disk.Why()));
+    TestProject project(fullDisk ? disk.Path() : QString());
+    project.Write("a.ann", content);
+    if (fullDisk)
+        disk.Fill(0);
+    const Result result = runTool({ "node", "remove-href", "--project", project.Root(), "a.pdf" });
+    QCOMPARE(result.exitCode, exitCode);
+    QCOMPARE(result.out, QString("Files examined: 1\nFiles changed: %1\n").arg(int(changed)));
+    QCOMPARE(result.err, "warning: " + project.DataPath(warning) + "\n");
+    QCOMPARE(project.Read("a.ann") != content, changed);
 }
 
 void KamoToolsCliTest::dryRunWritesNothingAndCountsLikeTheRun_data()
@@ -285,6 +342,51 @@ void KamoToolsCliTest::restoreGivesTheOriginalBytesBack()
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), it.value());
     }
+}
+
+void KamoToolsCliTest::restoreOfADamagedBackupNeedsForce_data()
+{
+    QTest::addColumn<QString>("damage");
+    QTest::addColumn<bool>("force");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("truncated file") << "truncate" << false << 1 << "  damaged: a.ann: 10 bytes instead of";
+    QTest::newRow("truncated file, forced") << "truncate" << true << 3 << "warning: not restored: a.ann: 10 bytes";
+    QTest::newRow("missing file") << "remove" << false << 1 << "  damaged: a.ann: missing\n";
+    QTest::newRow("no manifest") << "manifest" << false << 0 << "its files could not be checked";
+}
+
+// Before, a truncated backup file was restored over the good one, and a
+// missing one was passed over, both without a word.
+void KamoToolsCliTest::restoreOfADamagedBackupNeedsForce()
+{
+    QFETCH(QString, damage);
+    QFETCH(bool, force);
+    QFETCH(int, exitCode);
+    QFETCH(QString, message);
+    TestProject project;
+    project.Write("a.ann", HostText(kanal));
+    project.Write("b.ann", HostText(baum));
+    const Result run = runTool({ "node", "remove-href", "--backup", "--project", project.Root(), "--all" });
+    QCOMPARE(run.exitCode, 0);
+    const QString folder = run.out.section('\n', 0, 0).mid(8);
+    if (damage == "truncate")
+        QVERIFY(QFile::resize(folder + "/a.ann", 10));
+    else if (damage == "remove")
+        QVERIFY(QFile::remove(folder + "/a.ann"));
+    else
+        QVERIFY(QFile::remove(folder + "/nodeToolOperation.manifest"));
+    const QByteArray changedA = project.Read("a.ann");
+    const QByteArray changedB = project.Read("b.ann");
+
+    QStringList arguments { "node", "restore", "--project", project.Root(), "--backup", QFileInfo(folder).fileName() };
+    if (force)
+        arguments.append("--force");
+    const Result restore = runTool(arguments);
+    QCOMPARE(restore.exitCode, exitCode);
+    QVERIFY2(restore.err.contains(message), qPrintable(restore.err));
+    QCOMPARE(project.Read("a.ann"), damage == "manifest" ? HostText(kanal) : changedA);
+    QCOMPARE(project.Read("b.ann"), exitCode == 1 ? changedB : HostText(baum));
 }
 
 void KamoToolsCliTest::analysisFindsAndMovesUnusedFiles()

@@ -175,12 +175,17 @@ int checkHostInterface()
     NEED_METHOD(AnalyzeProjectNT, GetDocumentsWithoutAnnotations, const QStringList&() const);
     NEED_METHOD(AnnotationFileProcessor, Run, void(ObjectBlockProcessor&));
     NEED_METHOD(AnnotationFileProcessor, GetChangedFiles, const QStringList&() const);
-    NEED_METHOD(AnnotationFileProcessor, GetChangedContents, const QList<QByteArray>&() const);
     NEED_METHOD(AnnotationFileProcessor, GetWarnings, const QStringList&() const);
+    NEED_METHOD(AnnotationFileProcessor, GetLeftOutFiles, const QStringList&() const);
     NEED_FUNCTION(AnnotationFileProcessor::ProcessText, bool(QString&, ObjectBlockProcessor&, int*));
+    NEED_FUNCTION(AnnotationFileProcessor::PreviewFile,
+        bool(const QString&, ObjectBlockProcessor&, QByteArray*, QByteArray*));
     NEED_FUNCTION(AnnotationFileProcessor::DataDirectory, QString(const QString&));
     NEED_METHOD(NodeToolBackup, Create, bool());
-    NEED_METHOD(NodeToolBackup, Restore, bool(const QString&, QStringList*));
+    NEED_METHOD(NodeToolBackup, Restore, bool(const QString&, QStringList*, bool));
+    NEED_METHOD(NodeToolBackup, GetProblems, const QList<NodeToolBackupCheck::Problem>&() const);
+    NEED_METHOD(NodeToolBackupCheck, CheckNext, bool(QString*, QByteArray*, bool*));
+    NEED_METHOD(NodeToolBackupCheck, GetState, NodeToolBackupCheck::State() const);
     NEED_FUNCTION(NodeToolBackup::List, QList<NodeToolBackupInfo>(const QString&));
     NEED_FUNCTION(LoadHREFPathMap, QMap<QString, QString>(const QString&));
 
