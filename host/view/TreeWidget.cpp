@@ -5,7 +5,7 @@
 #include "ParticipantInfo.h"
 #include "TableInfo.h"
 
-#include <QApplication>
+#include <QEvent>
 #include <QHeaderView>
 #include <QStyle>
 
@@ -28,15 +28,6 @@ QStyle::StandardPixmap iconFor(ItemInfo::Kind kind)
     return QStyle::SP_FileIcon;
 }
 
-template <typename Record> void addFolder(TreeWidget* tree, const QString& caption, const QMap<int, Record*>& records)
-{
-    if (records.isEmpty())
-        return;
-    QTreeWidgetItem* folder = tree->AddFolder(caption);
-    for (Record* record : records)
-        tree->AddItem(record, folder);
-}
-
 } // namespace
 
 TreeWidget::TreeWidget(QWidget* parent)
@@ -51,19 +42,54 @@ TreeWidget::~TreeWidget() = default;
 
 QTreeWidgetItem* TreeWidget::AddItem(ItemInfo* info, QTreeWidgetItem* parent)
 {
-    auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(this);
-    item->setText(0, info->Name());
-    item->setIcon(0, style()->standardIcon(iconFor(info->GetKind())));
-    item->setData(0, InfoRole, QVariant::fromValue(static_cast<void*>(info)));
+    QTreeWidgetItem* item = makeItem(info, parent);
+    if (!parent)
+        addTopLevelItem(item);
     return item;
 }
 
 QTreeWidgetItem* TreeWidget::AddFolder(const QString& caption, QTreeWidgetItem* parent)
 {
-    auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(this);
-    item->setText(0, caption);
-    item->setIcon(0, style()->standardIcon(QStyle::SP_DirClosedIcon));
+    QTreeWidgetItem* item = makeFolder(caption, parent);
+    if (!parent)
+        addTopLevelItem(item);
     return item;
+}
+
+QTreeWidgetItem* TreeWidget::makeItem(ItemInfo* info, QTreeWidgetItem* parent)
+{
+    auto* item = new QTreeWidgetItem;
+    item->setText(0, info->Name());
+    item->setIcon(0, icon(iconFor(info->GetKind())));
+    item->setData(0, InfoRole, QVariant::fromValue(static_cast<void*>(info)));
+    if (parent)
+        parent->addChild(item);
+    return item;
+}
+
+QTreeWidgetItem* TreeWidget::makeFolder(const QString& caption, QTreeWidgetItem* parent)
+{
+    auto* item = new QTreeWidgetItem;
+    item->setText(0, caption);
+    item->setIcon(0, icon(QStyle::SP_DirClosedIcon));
+    if (parent)
+        parent->addChild(item);
+    return item;
+}
+
+const QIcon& TreeWidget::icon(int standardPixmap)
+{
+    auto found = icons.find(standardPixmap);
+    if (found == icons.end())
+        found = icons.insert(standardPixmap, style()->standardIcon(QStyle::StandardPixmap(standardPixmap)));
+    return *found;
+}
+
+void TreeWidget::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::StyleChange)
+        icons.clear();
+    QTreeWidget::changeEvent(event);
 }
 
 ItemInfo* TreeWidget::GetItemInfo(const QTreeWidgetItem* item)
@@ -86,16 +112,32 @@ void TreeWidget::ShowProject(const QMap<int, NodeInfo*>& nodes, const QList<int>
 {
     setUpdatesEnabled(false);
     clear();
+    // Built apart and inserted at once: an item added to the shown tree
+    // costs the view an update of its own.
+    QList<QTreeWidgetItem*> topLevel;
     QMap<int, QTreeWidgetItem*> items;
     for (int id : nodeOrder) {
         NodeInfo* node = nodes.value(id);
         if (!node || items.contains(id))
             continue;
-        items.insert(id, AddItem(node, items.value(node->ParentId())));
+        QTreeWidgetItem* parent = items.value(node->ParentId());
+        QTreeWidgetItem* item = makeItem(node, parent);
+        if (!parent)
+            topLevel.append(item);
+        items.insert(id, item);
     }
-    addFolder(this, QStringLiteral("Tabellen"), tables);
-    addFolder(this, QStringLiteral("Beteiligte"), participants);
-    addFolder(this, QStringLiteral("Galerien"), galleries);
+    const auto addFolder = [&](const QString& caption, const auto& records) {
+        if (records.isEmpty())
+            return;
+        QTreeWidgetItem* folder = makeFolder(caption, nullptr);
+        for (auto* record : records)
+            makeItem(record, folder);
+        topLevel.append(folder);
+    };
+    addFolder(QStringLiteral("Tabellen"), tables);
+    addFolder(QStringLiteral("Beteiligte"), participants);
+    addFolder(QStringLiteral("Galerien"), galleries);
+    addTopLevelItems(topLevel);
     expandAll();
     setUpdatesEnabled(true);
 }

@@ -3,6 +3,8 @@
 
 #include "kamo_view_export.h"
 
+#include <QHash>
+#include <QIcon>
 #include <QList>
 #include <QMap>
 #include <QTreeWidget>
@@ -41,6 +43,21 @@ public:
     void ShowProject(const QMap<int, NodeInfo*>& nodes, const QList<int>& nodeOrder,
         const QMap<int, TableInfo*>& tables = {}, const QMap<int, ParticipantInfo*>& participants = {},
         const QMap<int, GalleryInfo*>& galleries = {});
+
+protected:
+    /// On a change of style, items added from then on get that style's icons.
+    void changeEvent(QEvent* event) override;
+
+private:
+    // Without a parent the item is left outside the tree, so that a whole
+    // project goes in with one insertion.
+    QTreeWidgetItem* makeItem(ItemInfo* info, QTreeWidgetItem* parent);
+    QTreeWidgetItem* makeFolder(const QString& caption, QTreeWidgetItem* parent);
+    const QIcon& icon(int standardPixmap);
+
+    // The style reads its image files again for every icon it makes, and
+    // each copy keeps its own pixels: one icon per kind serves all items.
+    QHash<int, QIcon> icons;
 };
 
 #endif

@@ -4,6 +4,7 @@
 #include <TableInfo.h>
 #include <TreeWidget.h>
 
+#include <QSet>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void checkingGoesDownOnly();
     void checkedNodesAreRememberedPerName();
     void singleCheckKeepsOneItem();
+    void sourceNodesShareOneIcon();
 };
 
 void CheckableTreeTest::copiesNodesOrEverything_data()
@@ -128,6 +130,20 @@ void CheckableTreeTest::singleCheckKeepsOneItem()
     itemOf(tree, 1)->setCheckState(0, Qt::Checked);
     itemOf(tree, 3)->setCheckState(0, Qt::Checked);
     QCOMPARE(checkedKeys(tree), QStringList { "Node:3" });
+}
+
+void CheckableTreeTest::sourceNodesShareOneIcon()
+{
+    // An icon of its own per item kept the style's pixels once per item:
+    // gigabytes for a town's sewer network.
+    Project project;
+    QSet<qint64> icons;
+    for (QTreeWidgetItemIterator it(&project.tree); *it; ++it) {
+        const ItemInfo* info = TreeWidget::GetItemInfo(*it);
+        if (info && info->GetKind() == ItemInfo::Kind::Node)
+            icons.insert((*it)->icon(0).cacheKey());
+    }
+    QCOMPARE(icons.size(), 1);
 }
 
 QTEST_MAIN(CheckableTreeTest)
