@@ -365,8 +365,8 @@ int main(int argc, char* argv[])
             << runs << "\n";
     }
     const auto ratio = [&out](const char* what, const Candidate& a, const Candidate& b, const char* goal) {
-        out << QString::asprintf("%s: median %.2f, best %.2f (goal <= %s)\n", what, median(a.seconds) / median(b.seconds),
-            best(a.seconds) / best(b.seconds), goal);
+        out << QString::asprintf("%s: median %.2f, best %.2f (goal <= %s)\n", what,
+            median(a.seconds) / median(b.seconds), best(a.seconds) / best(b.seconds), goal);
     };
     out << "\n";
     ratio("remove-href / sed -i", candidates[0], candidates[4], "1.0");

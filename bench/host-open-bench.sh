@@ -3,11 +3,14 @@
 # beside the small sample project in the same run, so that the fixed costs
 # (start, the screenshot's wait for the window, writing the PNG) show:
 #   bench/host-open-bench.sh [NODES...]
-# Each project (default 5000 and 10000 nodes, made by make-large-project.py)
+# Each project (default 5000 and 10000 nodes, made by make-large-project.py
+# with 1 to 4 documents a node, or KAMO_FILES_PER_NODE)
 # is opened once with the window saved as a picture ("open") and once with
 # the node tools' dialog saved ("tools"), on an operation that shows the
-# checkable node tree and with four nodes remembered as checked; both report
-# wall time and peak memory (max RSS). Needs a build (build/bin/kamo-host, or
+# checkable node tree and with four nodes remembered as checked, and once
+# with the preview of "Bezeichnungen abgleichen" saved, which dry-runs over
+# every annotation file of the project ("preview"); each reports wall time
+# and peak memory (max RSS). Needs a build (build/bin/kamo-host, or
 # KAMO_BUILD_DIR) and python3.
 set -eu
 
@@ -55,16 +58,21 @@ row() {
     files=$(find "$folder/Daten" -name '*.ann' | wc -l)
     printf '[CheckableTree]\n%s\\CheckedItems=Node:2, Node:3, Node:4, Node:5\n\n[NodeToolsDialog]\nLastOperationIndex=1\n' \
         "$1" >"$work/tools.ini"
+    printf '[NodeToolsDialog]\nLastOperationIndex=0\n' >"$work/preview.ini"
     open=$(measure /dev/null "$folder")
     tools=$(measure "$work/tools.ini" --open node-tools "$folder")
+    preview=$(measure "$work/preview.ini" --open node-tools --click btnPreview "$folder")
     # shellcheck disable=SC2086
-    printf '%-28s %7s %7s %8s %8s %8s %8s\n' "$name" "$nodes" "$files" $open $tools
+    printf '%-28s %7s %7s %8s %8s %8s %8s %9s %10s\n' "$name" "$nodes" "$files" $open $tools $preview
 }
 
-printf '%-28s %7s %7s %8s %8s %8s %8s\n' "project" "nodes" "files" "open s" "open MB" "tools s" "tools MB"
+printf '%-28s %7s %7s %8s %8s %8s %8s %9s %10s\n' "project" "nodes" "files" "open s" "open MB" "tools s" "tools MB" \
+    "preview s" "preview MB"
 row "sample (reference)" "$root/sample/Musterstadt-Kanalsanierung"
 for count in "$@"; do
-    python3 "$root/bench/make-large-project.py" "$work/project" --nodes "$count" >/dev/null
+    # shellcheck disable=SC2086
+    python3 "$root/bench/make-large-project.py" "$work/project" --nodes "$count" \
+        ${KAMO_FILES_PER_NODE:+--files-per-node "$KAMO_FILES_PER_NODE"} >/dev/null
     row "generated, $count nodes" "$work/project"
     rm -rf "$work/project"
 done

@@ -37,14 +37,16 @@ sed 's/^LastOperationIndex=1$/LastOperationIndex=3/' "$work/node-tools.ini" >"$w
 shot "$work/node-tools-preview.ini" --lang de --open node-tools --click btnPreview \
     --screenshot "$images/dlg-node-tools-preview.png"
 # Two runs with backups and the undoing of the first, then the list of the
-# three backups they left. The sample itself stays as it was: the copy is
-# made anew below.
+# three backups they left, the second of them damaged by hand (a file cut
+# short). The sample itself stays as it was: the copy is made anew below.
 "$bin/kamo-tools" node href-to-split --project "$project" --all --backup >/dev/null
 sleep 1
 "$bin/kamo-tools" node change-pages --project "$project" --all --page-delta 1 --backup >/dev/null
 sleep 1
 first=$(ls "$project/Daten/ann_sic" | sort -k1.7,1.10 -k1.4,1.5 -k1.1,1.2 -k2 | head -n 1)
 "$bin/kamo-tools" node restore --project "$project" --backup "$first" >/dev/null
+second=$(ls "$project/Daten/ann_sic" | sort -k1.7,1.10 -k1.4,1.5 -k1.1,1.2 -k2 | sed -n 2p)
+truncate -s 100 "$project/Daten/ann_sic/$second/Lageplan_Haltungen.ann"
 shot "$work/node-tools.ini" --lang de --open node-tools --click btnBackups \
     --screenshot "$images/dlg-node-tools-backups.png"
 rm -rf "$project"

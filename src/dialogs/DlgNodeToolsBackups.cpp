@@ -14,6 +14,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+namespace {
+
+// The state second: it decides which backup to restore.
+enum Column { TimeColumn, StateColumn, OperationColumn, SourceColumn, UserColumn, FilesColumn, ColumnCount };
+
+} // namespace
+
 DlgNodeToolsBackups::DlgNodeToolsBackups(QWidget* parent)
     : QDialog(parent)
     , ui(new Ui::DlgNodeToolsBackups)
@@ -21,7 +28,7 @@ DlgNodeToolsBackups::DlgNodeToolsBackups(QWidget* parent)
     ui->setupUi(this);
     ui->buttonBox->button(QDialogButtonBox::Close)->setText(tr("Schließen"));
     ui->treeBackups->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    ui->treeBackups->header()->setSectionResizeMode(2, QHeaderView::Stretch);
+    ui->treeBackups->header()->setSectionResizeMode(SourceColumn, QHeaderView::Stretch);
     ui->splitter->setStretchFactor(0, 3);
     ui->splitter->setStretchFactor(1, 2);
     connect(ui->treeBackups, &QTreeWidget::currentItemChanged, this, &DlgNodeToolsBackups::OnCurrentBackupChanged);
@@ -31,12 +38,6 @@ DlgNodeToolsBackups::DlgNodeToolsBackups(QWidget* parent)
     connect(&checkTimer, &QTimer::timeout, this, &DlgNodeToolsBackups::checkSlice);
     OnCurrentBackupChanged();
 }
-
-namespace {
-
-constexpr int stateColumn = 5;
-
-} // namespace
 
 bool DlgNodeToolsBackups::ChecksDone() const
 {
@@ -98,20 +99,20 @@ void DlgNodeToolsBackups::showCheckState(int row)
     switch (check.state) {
     case NodeToolBackupCheck::State::Pending:
         item->setText(
-            stateColumn, tr("wird geprüft … %1 %").arg(check.total > 0 ? 100 * check.checked / check.total : 0));
+            StateColumn, tr("wird geprüft … %1 %").arg(check.total > 0 ? 100 * check.checked / check.total : 0));
         break;
     case NodeToolBackupCheck::State::Intact:
-        item->setText(stateColumn, tr("geprüft"));
+        item->setText(StateColumn, tr("geprüft"));
         break;
     case NodeToolBackupCheck::State::Damaged:
-        item->setText(stateColumn, tr("beschädigt (%1)").arg(check.problems.size()));
-        item->setForeground(stateColumn, QColor(Qt::red));
+        item->setText(StateColumn, tr("beschädigt (%1)").arg(check.problems.size()));
+        item->setForeground(StateColumn, QColor(Qt::red));
         break;
     case NodeToolBackupCheck::State::NoManifest:
-        item->setText(stateColumn, tr("ungeprüft (ohne Manifest)"));
+        item->setText(StateColumn, tr("ungeprüft (ohne Manifest)"));
         break;
     }
-    item->setToolTip(stateColumn, problemText(row));
+    item->setToolTip(StateColumn, problemText(row));
     if (item == ui->treeBackups->currentItem() && check.state != NodeToolBackupCheck::State::Pending)
         OnCurrentBackupChanged();
 }
@@ -164,18 +165,20 @@ void DlgNodeToolsBackups::Refresh()
     QList<QTreeWidgetItem*> items;
     for (const NodeToolBackupInfo& info : qAsConst(backups)) {
         auto* item = new QTreeWidgetItem;
-        item->setText(0,
+        item->setText(TimeColumn,
             info.time.isValid() ? info.time.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))
                                 : tr("%1 (kein Zeitstempel)").arg(info.stamp));
-        item->setText(1, operationLabel(info));
-        item->setText(2, QDir::toNativeSeparators(info.source));
-        item->setToolTip(2, item->text(2));
-        item->setText(3, info.user);
-        item->setText(4, QString::number(info.fileCount));
-        item->setTextAlignment(4, Qt::AlignRight | Qt::AlignVCenter);
+        item->setText(OperationColumn, operationLabel(info));
+        item->setText(SourceColumn, QDir::toNativeSeparators(info.source));
+        item->setToolTip(SourceColumn, item->text(SourceColumn));
+        item->setText(UserColumn, info.user);
+        item->setText(FilesColumn, QString::number(info.fileCount));
+        item->setTextAlignment(FilesColumn, Qt::AlignRight | Qt::AlignVCenter);
         if (!info.time.isValid() || !info.logRead) {
-            for (int column = 0; column < stateColumn; ++column)
-                item->setForeground(column, palette().brush(QPalette::Disabled, QPalette::Text));
+            for (int column = 0; column < ColumnCount; ++column) {
+                if (column != StateColumn)
+                    item->setForeground(column, palette().brush(QPalette::Disabled, QPalette::Text));
+            }
         }
         items.append(item);
     }
@@ -219,7 +222,7 @@ void DlgNodeToolsBackups::OnRestoreClicked()
     if (row < 0)
         return;
     const NodeToolBackupInfo info = backups.at(row);
-    const QString when = ui->treeBackups->currentItem()->text(0);
+    const QString when = ui->treeBackups->currentItem()->text(TimeColumn);
 
     // What is asked depends on what the check finds; the restore checks again.
     if (checks.at(row).state == NodeToolBackupCheck::State::Pending) {

@@ -9,7 +9,7 @@ const QByteArray endMark = QByteArrayLiteral("END ");
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("NodeToolBackup", text);
+    return QCoreApplication::translate("BackupManifest", text);
 }
 
 // File names may hold anything but "/" and NUL; the line structure needs

@@ -18,7 +18,7 @@ namespace {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("NodeToolBackup", text);
+    return QCoreApplication::translate("NodeToolBackupCheck", text);
 }
 
 // Larger than any manifest of a real backup (a line is under 150 bytes);

@@ -462,11 +462,11 @@ void DlgNodeToolsTest::restoreFromTheBackupListChecksTheBackup()
     list.SetProject(project.Root(), { "Bezeichnungen abgleichen", "HREF: In Objekten entfernen" });
     auto* backups = child<QTreeWidget>(&list, "treeBackups");
     QCOMPARE(backups->topLevelItemCount(), 3);
-    QCOMPARE(backups->topLevelItem(0)->text(1), "HREF: In Objekten entfernen");
+    QCOMPARE(backups->topLevelItem(0)->text(2), "HREF: In Objekten entfernen");
     QCOMPARE(backups->topLevelItem(2)->text(0), "kaputt (kein Zeitstempel)");
     QTRY_VERIFY(list.ChecksDone());
-    QCOMPARE(backups->topLevelItem(0)->text(5), state);
-    QCOMPARE(backups->topLevelItem(1)->text(5), "beschädigt (1)");
+    QCOMPARE(backups->topLevelItem(0)->text(1), state);
+    QCOMPARE(backups->topLevelItem(1)->text(1), "beschädigt (1)");
     QVERIFY(child<QPlainTextEdit>(&list, "txtLog")->toPlainText().startsWith("Node Tool Operation: 1\n"));
 
     QString asked;
@@ -491,7 +491,7 @@ void DlgNodeToolsTest::restoreFromTheBackupListChecksTheBackup()
     QCOMPARE(project.Read("Text.ann"), QByteArray("vorher"));
     // The state before the restore is the newest backup now.
     QCOMPARE(backups->topLevelItemCount(), 4);
-    QVERIFY(backups->topLevelItem(0)->text(1).startsWith("Wiederherstellung "));
+    QVERIFY(backups->topLevelItem(0)->text(2).startsWith("Wiederherstellung "));
 }
 
 QTEST_MAIN(DlgNodeToolsTest)

@@ -59,6 +59,7 @@ private Q_SLOTS:
     void failsWithoutUsableProject();
     void failedCopyFailsTheBackupAndRemovesIt_data();
     void failedCopyFailsTheBackupAndRemovesIt();
+    void killedBackupIsNeverTakenForAWholeOne();
     void secondBackupInSameSecondSharesFolderAndOverwritesLogStart();
     void restoreChecksEveryFileBeforeWriting_data();
     void restoreChecksEveryFileBeforeWriting();
@@ -167,6 +168,37 @@ void NodeToolBackupTest::failedCopyFailsTheBackupAndRemovesIt()
     }
     QCOMPARE(backupFolders(project), QStringList());
     QCOMPARE(project.Read("d0.ann"), content);
+}
+
+// Killed at any moment, a backup is whole and checks as such, or it checks
+// as damaged; before, a half-copied backup looked like any other.
+void NodeToolBackupTest::killedBackupIsNeverTakenForAWholeOne()
+{
+    TestProject project;
+    const int count = 3000;
+    for (int i = 0; i < count; ++i)
+        project.Write(QString("d%1.ann").arg(i), QByteArray(200, 'x'));
+    for (const int delay : { 1, 5, 20, 60, 200 }) {
+        const pid_t child = fork();
+        QVERIFY(child >= 0);
+        if (child == 0) {
+            NodeToolBackup backup = backupOf(project, "log");
+            _exit(backup.Create() ? 0 : 1);
+        }
+        QThread::msleep(unsigned(delay));
+        kill(child, SIGKILL);
+        QCOMPARE(waitpid(child, nullptr, 0), child);
+        for (const QString& stamp : backupFolders(project)) {
+            NodeToolBackupCheck check(NodeToolBackup::BackupFolder(project.Root(), stamp));
+            check.CheckAll();
+            // Killed before the first copy: an empty folder, nothing to restore.
+            const bool empty = check.GetState() == NodeToolBackupCheck::State::NoManifest && check.GetFileCount() == 0;
+            QVERIFY2(check.GetState() == NodeToolBackupCheck::State::Damaged || empty
+                    || (check.GetState() == NodeToolBackupCheck::State::Intact && check.GetFileCount() == count),
+                qPrintable(QString("killed after %1 ms").arg(delay)));
+        }
+        QVERIFY(QDir(project.DataPath("ann_sic")).removeRecursively());
+    }
 }
 
 void NodeToolBackupTest::secondBackupInSameSecondSharesFolderAndOverwritesLogStart()
