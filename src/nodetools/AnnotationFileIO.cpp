@@ -82,6 +82,7 @@ bool isFileSystemError(int error)
 
 #endif
 
+// Both forms of the names above, beside annotation files.
 const QRegularExpression& tempNamePattern()
 {
     static const QRegularExpression pattern(QStringLiteral("^\\..+\\.ann\\.kamo-[0-9A-Za-z]{1,7}$"));
@@ -235,7 +236,9 @@ bool ReplaceFile(const QString& path, const QByteArray& bytes, QString* error)
 int RemoveStaleTemporaryFiles(const QString& folder, const QDateTime& before)
 {
     int removed = 0;
-    const QFileInfoList entries = QDir(folder).entryInfoList(QDir::Files | QDir::Hidden | QDir::System);
+    // The name filter first: a data folder holds tens of thousands of files.
+    const QFileInfoList entries
+        = QDir(folder).entryInfoList({ QStringLiteral(".*.ann.kamo-*") }, QDir::Files | QDir::Hidden | QDir::System);
     for (const QFileInfo& entry : entries) {
         if (!entry.isHidden() || !tempNamePattern().match(entry.fileName()).hasMatch() || entry.isSymLink())
             continue;
@@ -275,10 +278,7 @@ CopyResult CopyFile(const QString& source, const QString& target)
             result.kind = CopyResult::TargetExists;
             return result;
         }
-        fail(code);
-        // The source cannot be read: no fault of the target's file system.
-        result.targetFileSystemFailed = isFileSystemError(code);
-        return result;
+        return fail(code);
     }
 
     // Annotation files are small; one buffer of this size takes most whole.

@@ -103,19 +103,6 @@ int lineNumberAt(const QString& text, int offset)
     return line;
 }
 
-} // namespace
-
-AnnotationFileProcessor::AnnotationFileProcessor() = default;
-
-AnnotationFileProcessor::~AnnotationFileProcessor() = default;
-
-QString AnnotationFileProcessor::DataDirectory(const QString& projectRootDir)
-{
-    return QDir::cleanPath(projectRootDir) + QLatin1Char('/') + DataDirectoryName;
-}
-
-namespace {
-
 // Hosts on Windows list documents with backslashes; their folders are
 // ignored here like any other.
 QFileInfo documentInfo(const QString& documentFileName)
@@ -130,6 +117,15 @@ QString primaryPath(const QString& dataDir, const QString& documentFileName)
 }
 
 } // namespace
+
+AnnotationFileProcessor::AnnotationFileProcessor() = default;
+
+AnnotationFileProcessor::~AnnotationFileProcessor() = default;
+
+QString AnnotationFileProcessor::DataDirectory(const QString& projectRootDir)
+{
+    return QDir::cleanPath(projectRootDir) + QLatin1Char('/') + DataDirectoryName;
+}
 
 QString AnnotationFileProcessor::AnnotationFilePath(const QString& dataDir, const QString& documentFileName)
 {
@@ -331,7 +327,7 @@ bool AnnotationFileProcessor::PreviewFile(
         return false;
     AnnotationFileIO::DecodedText decoded = AnnotationFileIO::DecodeText(*current);
     processor.BeginFile(path);
-    const bool changed = ProcessText(decoded.text, processor, static_cast<TextReport*>(nullptr));
+    const bool changed = ProcessText(decoded.text, processor);
     processor.EndFile(path);
     *result = changed && decoded.validUtf8 ? AnnotationFileIO::EncodeText(decoded.text, decoded.hasBom) : *current;
     return true;

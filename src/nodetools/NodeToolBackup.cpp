@@ -183,11 +183,10 @@ bool NodeToolBackup::Restore(const QString& stamp, QStringList* restored, bool s
     while (QDateTime::currentDateTime().toString(TimeStampFormat) == stamp)
         QThread::msleep(50);
     const QList<NodeToolBackupCheck::Problem> damaged = problems;
-    if (!Create()) {
-        errorString = tr("the current state could not be backed up: %1").arg(errorString);
-        return false;
-    }
+    const bool created = Create();
     problems = damaged;
+    if (!created)
+        return fail(tr("the current state could not be backed up: %1").arg(errorString));
 
     AnnotationFileIO::RemoveStaleTemporaryFiles(dataDir, QDateTime::currentDateTimeUtc());
     for (int i = 0; i < names.size(); ++i) {

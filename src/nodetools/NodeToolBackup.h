@@ -43,15 +43,16 @@ public:
     /// with Create() and `logText`, so that the restore can itself be undone.
     /// Files of the data folder that the backup does not hold are left alone.
     ///
-    /// False when nothing was changed: ErrorString() says why, GetProblems()
-    /// names the damaged files. True when the restore ran: `restored`
+    /// False when nothing was changed: ErrorString() says why (for a current
+    /// state that cannot be backed up, with the first file that could not be
+    /// copied), GetProblems() names the damaged files. True when the restore ran: `restored`
     /// receives the file names put back, GetProblems() those left out
     /// (damaged, or not written) with the reason.
     bool Restore(const QString& stamp, QStringList* restored = nullptr, bool skipDamaged = false);
     /// Why the last Create() or Restore() failed; empty after success.
     QString ErrorString() const { return errorString; }
     /// The files the last Create() could not copy, or the last Restore()
-    /// found damaged or could not write.
+    /// found damaged or, after it ran, could not write.
     const QList<NodeToolBackupCheck::Problem>& GetProblems() const { return problems; }
     /// After Restore(): whether the backup had a manifest to check against.
     bool WasChecked() const { return checked; }
