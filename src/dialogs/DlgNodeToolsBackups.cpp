@@ -39,6 +39,11 @@ DlgNodeToolsBackups::DlgNodeToolsBackups(QWidget* parent)
     OnCurrentBackupChanged();
 }
 
+DlgNodeToolsBackups::~DlgNodeToolsBackups()
+{
+    delete ui;
+}
+
 bool DlgNodeToolsBackups::ChecksDone() const
 {
     for (const CheckState& check : checks) {
@@ -123,11 +128,6 @@ QString DlgNodeToolsBackups::problemText(int row) const
     for (const NodeToolBackupCheck::Problem& problem : checks.at(row).problems)
         lines.append(problem.fileName + QStringLiteral(": ") + problem.reason);
     return lines.join(QLatin1Char('\n'));
-}
-
-DlgNodeToolsBackups::~DlgNodeToolsBackups()
-{
-    delete ui;
 }
 
 void DlgNodeToolsBackups::SetProject(const QString& root, const QStringList& labels)

@@ -62,6 +62,19 @@ def path_map_seeds():
     write("PathMapFuzzer", "utf16", "C:\\a.pdf,D:\\b.pdf\n".encode("utf-16"))
 
 
+def manifest_seeds():
+    """A backup's manifest, then the annotation file it lists."""
+    data = (SAMPLE / "Daten" / "Lageplan_Haltungen.ann").read_bytes()
+    digest = hashlib.sha256(data).hexdigest().encode()
+    line = digest + b" %d Lageplan.ann\n" % len(data)
+    whole = b"KAMO-BACKUP-MANIFEST 1\n" + line + b"END 1\n"
+    write("BackupManifestFuzzer", "intact", whole + SEPARATOR + data)
+    write("BackupManifestFuzzer", "truncated-file", whole + SEPARATOR + data[:1000])
+    write("BackupManifestFuzzer", "unfinished", b"KAMO-BACKUP-MANIFEST 1\n" + SEPARATOR + data)
+    write("BackupManifestFuzzer", "crlf-escaped",
+          (whole + digest + b" 0 a\\\\b\\nc.ann\n").replace(b"\n", b"\r\n") + SEPARATOR + data)
+
+
 def project_seeds():
     text = (SAMPLE / "Projekt.json").read_bytes()
     write("ProjectDescriptionFuzzer", "sample", text)
@@ -145,6 +158,7 @@ def main():
     annotation_seeds()
     link_seeds()
     path_map_seeds()
+    manifest_seeds()
     project_seeds()
     assignment_seeds()
     shape_seeds()
