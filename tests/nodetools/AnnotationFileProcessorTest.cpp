@@ -333,6 +333,8 @@ void AnnotationFileProcessorTest::fileTheUserMayNotWriteIsNamedAndKept()
     if (child == 0) {
         if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0))
             _exit(2);
+        if (access(QFile::encodeName(project.DataDir()).constData(), R_OK | W_OK | X_OK) != 0)
+            _exit(3);
         const AnnotationFileProcessor processor = removeLinks(project, { "a.pdf" });
         const QString expected
             = project.DataPath("a.ann") + ": could not be opened (Permission denied), left unchanged";
@@ -344,6 +346,8 @@ void AnnotationFileProcessorTest::fileTheUserMayNotWriteIsNamedAndKept()
     int status = 0;
     QCOMPARE(waitpid(child, &status, 0), child);
     QVERIFY(WIFEXITED(status));
+    if (WEXITSTATUS(status) == 3)
+        QSKIP("an ordinary user cannot reach the temporary folder here (a bare chroot's root folder)");
     QCOMPARE(WEXITSTATUS(status), 0);
     QCOMPARE(project.Read("a.ann"), withLinks);
 }
