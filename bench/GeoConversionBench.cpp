@@ -5,7 +5,7 @@
 // and writes text, so its time includes parsing and formatting, which is
 // part of what a caller of it pays.
 
-#include <GeoSystemSettings.h>
+#include <Kamo_view/GeoSystemSettings.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

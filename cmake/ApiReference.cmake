@@ -18,11 +18,11 @@ set(DOXYGEN_PROJECT_BRIEF "Node tools, shape-file import, sheet geometry and DXF
 set(DOXYGEN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/docs)
 set(DOXYGEN_USE_MDFILE_AS_MAINPAGE ${PROJECT_SOURCE_DIR}/README.md)
 set(DOXYGEN_IMAGE_PATH ${PROJECT_SOURCE_DIR}/docs/images)
-# Headers are named as a host includes them: <nodetools/NodeTool.h>, <Vex.h>.
+# Headers are named as a host includes them: <nodetools/NodeTool.h>,
+# <Kamo_base/Vex.h>.
 set(DOXYGEN_FULL_PATH_NAMES YES)
-set(DOXYGEN_STRIP_FROM_PATH ${PROJECT_SOURCE_DIR})
-set(DOXYGEN_STRIP_FROM_INC_PATH
-    ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/host/base ${PROJECT_SOURCE_DIR}/host/view)
+set(DOXYGEN_STRIP_FROM_PATH ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/include)
+set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/include)
 set(DOXYGEN_JAVADOC_AUTOBRIEF YES)
 set(DOXYGEN_EXTRACT_ALL NO)
 set(DOXYGEN_EXTRACT_PRIVATE NO)

@@ -1,11 +1,11 @@
 #include "MainWindow.h"
 
-#include <GalleryInfo.h>
-#include <NodeInfo.h>
-#include <ParticipantInfo.h>
-#include <ProjectDescription.h>
-#include <TableInfo.h>
-#include <TreeWidget.h>
+#include <Kamo_view/GalleryInfo.h>
+#include <Kamo_view/NodeInfo.h>
+#include <Kamo_view/ParticipantInfo.h>
+#include <Kamo_view/ProjectDescription.h>
+#include <Kamo_view/TableInfo.h>
+#include <Kamo_view/TreeWidget.h>
 #include <dialogs/DialogDxfTools.h>
 #include <dialogs/DialogImportShapeFile.h>
 #include <dialogs/DialogNodeTools.h>

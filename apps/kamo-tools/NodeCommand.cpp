@@ -2,8 +2,8 @@
 
 #include "TerminalProgress.h"
 
-#include <ProjectDescription.h>
-#include <Vex.h>
+#include <Kamo_base/Vex.h>
+#include <Kamo_view/ProjectDescription.h>
 #include <nodetools/AnalyzeProjectNT.h>
 #include <nodetools/AnnotationDimensionOptions.h>
 #include <nodetools/AnnotationFileProcessor.h>

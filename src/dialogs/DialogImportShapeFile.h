@@ -3,11 +3,11 @@
 
 #include "kamo_tools_export.h"
 
-#include <BuildingObject.h>
-#include <DistrictPiece.h>
-#include <GeoSystemSettings.h>
-#include <PointF.h>
-#include <RoadObject.h>
+#include <Kamo_view/BuildingObject.h>
+#include <Kamo_view/DistrictPiece.h>
+#include <Kamo_view/GeoSystemSettings.h>
+#include <Kamo_view/PointF.h>
+#include <Kamo_view/RoadObject.h>
 
 #include <QList>
 #include <QMap>

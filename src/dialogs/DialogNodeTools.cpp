@@ -19,7 +19,7 @@
 #include "nodetools/ReplaceNameInAnnotationsNT.h"
 #include "nodetools/SetAnnotationPropertiesNT.h"
 
-#include <Vex.h>
+#include <Kamo_base/Vex.h>
 
 #include <QApplication>
 #include <QCoreApplication>

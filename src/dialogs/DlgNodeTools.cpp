@@ -4,9 +4,9 @@
 
 #include "ui_DlgNodeTools.h"
 
-#include <CheckableTree.h>
-#include <NodeInfo.h>
-#include <TreeWidget.h>
+#include <Kamo_view/CheckableTree.h>
+#include <Kamo_view/NodeInfo.h>
+#include <Kamo_view/TreeWidget.h>
 
 #include <QDir>
 #include <QDoubleValidator>

@@ -5,7 +5,7 @@
 #include "nodetools/AnnotationFileProcessor.h"
 #include "nodetools/NodeToolBackup.h"
 
-#include <Vex.h>
+#include <Kamo_base/Vex.h>
 
 #include <QApplication>
 #include <QDir>

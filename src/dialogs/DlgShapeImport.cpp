@@ -13,7 +13,7 @@
 #include "shapeimport/ShapeFileReader.h"
 #include "ui_DlgShapeImport.h"
 
-#include <GeoSysDlg.h>
+#include <Kamo_view/GeoSysDlg.h>
 
 #include <QButtonGroup>
 #include <QComboBox>

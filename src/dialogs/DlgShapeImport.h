@@ -3,7 +3,7 @@
 
 #include "kamo_tools_export.h"
 
-#include <GeoSystemSettings.h>
+#include <Kamo_view/GeoSystemSettings.h>
 
 #include <QDialog>
 #include <QMap>

@@ -4,8 +4,8 @@
 #include "nodetools/AnnotationFileProcessor.h"
 #include "nodetools/ProgressCallback.h"
 
-#include <NodeFileInfo.h>
-#include <NodeInfo.h>
+#include <Kamo_view/NodeFileInfo.h>
+#include <Kamo_view/NodeInfo.h>
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,7 +1,7 @@
 #include "nodetools/AnnotationLine.h"
 
-#include <AnnHelperBase.h>
-#include <TargetInfo.h>
+#include <Kamo_view/AnnHelperBase.h>
+#include <Kamo_view/TargetInfo.h>
 
 namespace AnnotationLine {
 

@@ -2,8 +2,8 @@
 
 #include "nodetools/AnnotationLine.h"
 
-#include <AnnHelperBase.h>
-#include <TargetInfo.h>
+#include <Kamo_view/AnnHelperBase.h>
+#include <Kamo_view/TargetInfo.h>
 
 void ChangeHREFPathBlockProcessor::ProcessBlock(const QStringList& block, QStringList& result)
 {

@@ -4,8 +4,8 @@
 #include "kamo_tools_export.h"
 #include "nodetools/BlockNodeTool.h"
 
-#include <NodeFileInfo.h>
-#include <NodeInfo.h>
+#include <Kamo_view/NodeFileInfo.h>
+#include <Kamo_view/NodeInfo.h>
 
 #include <QMap>
 #include <QString>

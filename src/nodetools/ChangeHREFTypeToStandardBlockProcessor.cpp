@@ -3,8 +3,8 @@
 #include "nodetools/AnnotationLine.h"
 #include "nodetools/ProjectFileIndex.h"
 
-#include <AnnHelperBase.h>
-#include <TargetInfo.h>
+#include <Kamo_view/AnnHelperBase.h>
+#include <Kamo_view/TargetInfo.h>
 
 ChangeHREFTypeToStandardBlockProcessor::ChangeHREFTypeToStandardBlockProcessor()
     : index(std::make_unique<ProjectFileIndex>())

@@ -4,7 +4,7 @@
 #include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
-#include <PinObject.h>
+#include <Kamo_view/PinObject.h>
 
 #include <QList>
 #include <QMap>

@@ -2,7 +2,7 @@
 
 #include "nodetools/AnnotationLine.h"
 
-#include <AnnHelperBase.h>
+#include <Kamo_view/AnnHelperBase.h>
 
 namespace {
 // Fields of a link in the standard form; the second one is the target path.

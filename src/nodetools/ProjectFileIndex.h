@@ -1,7 +1,7 @@
 #ifndef KAMO_TOOLS_PROJECTFILEINDEX_H
 #define KAMO_TOOLS_PROJECTFILEINDEX_H
 
-#include <NodeFileInfo.h>
+#include <Kamo_view/NodeFileInfo.h>
 
 #include <QHash>
 #include <QMap>

@@ -3,9 +3,9 @@
 #include "nodetools/AnnotationLine.h"
 #include "nodetools/PropertyValue.h"
 
-#include <AnnHelperBase.h>
-#include <NodeInfo.h>
-#include <TargetInfo.h>
+#include <Kamo_view/AnnHelperBase.h>
+#include <Kamo_view/NodeInfo.h>
+#include <Kamo_view/TargetInfo.h>
 
 #include <algorithm>
 

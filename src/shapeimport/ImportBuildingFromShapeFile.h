@@ -4,7 +4,7 @@
 #include "kamo_tools_export.h"
 #include "shapeimport/ShapeFileImporter.h"
 
-#include <BuildingObject.h>
+#include <Kamo_view/BuildingObject.h>
 
 #include <QList>
 

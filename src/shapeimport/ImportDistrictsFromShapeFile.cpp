@@ -3,7 +3,7 @@
 #include "shapeimport/ImportFieldManager.h"
 #include "shapeimport/ShapeObject.h"
 
-#include <PlotCodeUtility.h>
+#include <Kamo_base/PlotCodeUtility.h>
 
 #include <QCoreApplication>
 

@@ -4,7 +4,7 @@
 #include "kamo_tools_export.h"
 #include "shapeimport/ShapeFileImporter.h"
 
-#include <DistrictPiece.h>
+#include <Kamo_view/DistrictPiece.h>
 
 #include <QList>
 

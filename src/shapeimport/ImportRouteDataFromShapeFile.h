@@ -4,7 +4,7 @@
 #include "kamo_tools_export.h"
 #include "shapeimport/ShapeFileImporter.h"
 
-#include <RoadObject.h>
+#include <Kamo_view/RoadObject.h>
 
 #include <QList>
 

@@ -4,7 +4,7 @@
 #include "kamo_tools_export.h"
 #include "shapeimport/ShapeFileImporter.h"
 
-#include <PointF.h>
+#include <Kamo_view/PointF.h>
 
 #include <QList>
 #include <QMap>

@@ -5,10 +5,10 @@
 #include "shapeimport/ShapeFileReader.h"
 #include "shapeimport/ShapeObject.h"
 
-#include <BuildingObject.h>
-#include <DetermineVertexOrder.h>
-#include <DistrictPiece.h>
-#include <RoadObject.h>
+#include <Kamo_view/BuildingObject.h>
+#include <Kamo_view/DetermineVertexOrder.h>
+#include <Kamo_view/DistrictPiece.h>
+#include <Kamo_view/RoadObject.h>
 
 #include <QCoreApplication>
 #include <QFile>

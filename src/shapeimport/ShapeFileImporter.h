@@ -3,8 +3,8 @@
 
 #include "kamo_tools_export.h"
 
-#include <GeoSystemSettings.h>
-#include <PointF.h>
+#include <Kamo_view/GeoSystemSettings.h>
+#include <Kamo_view/PointF.h>
 
 #include <QList>
 #include <QMap>

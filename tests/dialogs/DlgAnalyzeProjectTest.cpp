@@ -1,4 +1,4 @@
-#include <ProjectDescription.h>
+#include <Kamo_view/ProjectDescription.h>
 #include <dialogs/DlgAnalyzeProject.h>
 #include <nodetools/AnalyzeProjectNT.h>
 

@@ -6,10 +6,10 @@
 #include <dialogs/DlgNodeToolsBackups.h>
 #include <nodetools/NodeToolBackup.h>
 
-#include <CheckableTree.h>
-#include <NodeFileInfo.h>
-#include <NodeInfo.h>
-#include <TreeWidget.h>
+#include <Kamo_view/CheckableTree.h>
+#include <Kamo_view/NodeFileInfo.h>
+#include <Kamo_view/NodeInfo.h>
+#include <Kamo_view/TreeWidget.h>
 
 #include <QApplication>
 #include <QComboBox>

@@ -2,7 +2,7 @@
 #include <dialogs/DialogImportShapeFile.h>
 #include <dialogs/DialogNodeTools.h>
 
-#include <NodeInfo.h>
+#include <Kamo_view/NodeInfo.h>
 
 #include <QDialog>
 #include <QSettings>

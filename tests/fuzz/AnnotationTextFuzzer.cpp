@@ -14,7 +14,7 @@
 #include <nodetools/ReplaceNameBlockProcessor.h>
 #include <nodetools/SetPropertiesBlockProcessor.h>
 
-#include <ProjectDescription.h>
+#include <Kamo_view/ProjectDescription.h>
 
 #include "FuzzScratch.h"
 

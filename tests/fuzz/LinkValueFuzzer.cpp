@@ -1,8 +1,8 @@
 // The value of an HREF line as a file holds it. Whatever the reader makes of
 // it, writing the targets and reading them again must give the same line:
 // otherwise every run of an operation would change links it did not touch.
-#include <AnnHelperBase.h>
-#include <TargetInfo.h>
+#include <Kamo_view/AnnHelperBase.h>
+#include <Kamo_view/TargetInfo.h>
 
 #include "FuzzScratch.h"
 

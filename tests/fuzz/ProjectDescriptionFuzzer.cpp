@@ -1,5 +1,5 @@
 // The project description the command line and the demo host read.
-#include <ProjectDescription.h>
+#include <Kamo_view/ProjectDescription.h>
 
 #include "FuzzScratch.h"
 

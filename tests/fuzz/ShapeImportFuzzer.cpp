@@ -9,7 +9,7 @@
 #include <shapeimport/ImportSheetDataFromShapeFile.h>
 #include <shapeimport/ShapeFileImporter.h>
 
-#include <GeoSystemSettings.h>
+#include <Kamo_view/GeoSystemSettings.h>
 
 #include "FuzzScratch.h"
 

@@ -1,7 +1,7 @@
 #include "TestProject.h"
 
-#include <NodeFileInfo.h>
-#include <NodeInfo.h>
+#include <Kamo_view/NodeFileInfo.h>
+#include <Kamo_view/NodeInfo.h>
 #include <nodetools/AnalyzeProjectNT.h>
 
 #include <QDir>

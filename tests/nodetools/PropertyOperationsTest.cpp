@@ -7,7 +7,7 @@
 #include <nodetools/SetAnnotationPropertiesNT.h>
 #include <nodetools/SetPropertiesBlockProcessor.h>
 
-#include <NodeInfo.h>
+#include <Kamo_view/NodeInfo.h>
 
 #include <QTest>
 

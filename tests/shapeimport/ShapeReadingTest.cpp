@@ -6,7 +6,7 @@
 #include <shapeimport/ShapeDbFileReader.h>
 #include <shapeimport/ShapeFileReader.h>
 
-#include <DetermineVertexOrder.h>
+#include <Kamo_view/DetermineVertexOrder.h>
 
 #include <QFile>
 #include <QTest>

@@ -1,7 +1,7 @@
 #include <shapeimport/ImportFieldManager.h>
 #include <shapeimport/ImportSheetDataFromShapeFile.h>
 
-#include <GeoSystemSettings.h>
+#include <Kamo_view/GeoSystemSettings.h>
 
 #include <QTest>
 

@@ -2,8 +2,8 @@
 #include "../SampleProject.h"
 #include "MainWindow.h"
 
-#include <ProjectDescription.h>
-#include <TreeWidget.h>
+#include <Kamo_view/ProjectDescription.h>
+#include <Kamo_view/TreeWidget.h>
 #include <dialogs/DlgDxfTools.h>
 #include <dialogs/DlgShapeImport.h>
 

@@ -1,4 +1,4 @@
-#include <PlotCodeUtility.h>
+#include <Kamo_base/PlotCodeUtility.h>
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include <AnnHelperBase.h>
+#include <Kamo_view/AnnHelperBase.h>
 
 #include <QRandomGenerator>
 #include <QTest>

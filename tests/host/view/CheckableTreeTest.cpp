@@ -1,8 +1,8 @@
-#include <CheckableTree.h>
-#include <GalleryInfo.h>
-#include <NodeInfo.h>
-#include <TableInfo.h>
-#include <TreeWidget.h>
+#include <Kamo_view/CheckableTree.h>
+#include <Kamo_view/GalleryInfo.h>
+#include <Kamo_view/NodeInfo.h>
+#include <Kamo_view/TableInfo.h>
+#include <Kamo_view/TreeWidget.h>
 
 #include <QSet>
 #include <QSettings>

@@ -1,4 +1,4 @@
-#include <GeoSysDlg.h>
+#include <Kamo_view/GeoSysDlg.h>
 
 #include <QApplication>
 #include <QLabel>

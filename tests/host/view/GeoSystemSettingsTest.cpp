@@ -1,4 +1,4 @@
-#include <GeoSystemSettings.h>
+#include <Kamo_view/GeoSystemSettings.h>
 
 #include <QPolygonF>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include <ProjectDescription.h>
+#include <Kamo_view/ProjectDescription.h>
 
 #include <QTemporaryDir>
 #include <QTest>

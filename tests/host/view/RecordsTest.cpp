@@ -1,7 +1,7 @@
-#include <BuildingObject.h>
-#include <DetermineVertexOrder.h>
-#include <DistrictPiece.h>
-#include <RoadObject.h>
+#include <Kamo_view/BuildingObject.h>
+#include <Kamo_view/DetermineVertexOrder.h>
+#include <Kamo_view/DistrictPiece.h>
+#include <Kamo_view/RoadObject.h>
 
 #include <QPainterPath>
 #include <QTest>

@@ -4,9 +4,9 @@
 // installed headers declare it (or the build fails) and the installed
 // libraries export it (or the link fails). A change here is a change of the
 // host interface: see docs/versioning.md before making one.
-#include <GeoSystemSettings.h>
-#include <ProjectDescription.h>
-#include <Vex.h>
+#include <Kamo_base/Vex.h>
+#include <Kamo_view/GeoSystemSettings.h>
+#include <Kamo_view/ProjectDescription.h>
 #include <dialogs/DialogDxfTools.h>
 #include <dialogs/DialogImportShapeFile.h>
 #include <dialogs/DialogNodeTools.h>

@@ -1,6 +1,6 @@
 // A minimal host: runs a node tool over a scratch project through the
 // installed package and checks the result.
-#include <Vex.h>
+#include <Kamo_base/Vex.h>
 #include <nodetools/RemoveHREFInAnnotationNT.h>
 
 #include <QDir>
