@@ -2,23 +2,14 @@
 
 #include "TerminalProgress.h"
 
-#include <Kamo_base/Vex.h>
 #include <Kamo_view/ProjectDescription.h>
 #include <nodetools/AnalyzeProjectNT.h>
-#include <nodetools/AnnotationDimensionOptions.h>
 #include <nodetools/AnnotationFileProcessor.h>
-#include <nodetools/ChangeHREFPathNT.h>
-#include <nodetools/ChangeHREFTypeNT.h>
-#include <nodetools/ChangeHREFTypeToStandardNT.h>
-#include <nodetools/ChangePageNumberNT.h>
-#include <nodetools/ConvertFreeHandPinsNT.h>
-#include <nodetools/DuplicateHREFInAnnotationsNT.h>
+#include <nodetools/BlockNodeTool.h>
 #include <nodetools/HREFPathMap.h>
-#include <nodetools/ModifyAnnotationTargetsNT.h>
+#include <nodetools/NodeOperationCatalogue.h>
+#include <nodetools/NodeOperationOptions.h>
 #include <nodetools/NodeToolBackup.h>
-#include <nodetools/RemoveHREFInAnnotationNT.h>
-#include <nodetools/ReplaceNameInAnnotationsNT.h>
-#include <nodetools/SetAnnotationPropertiesNT.h>
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -26,64 +17,61 @@
 #include <QRegularExpression>
 #include <QTextStream>
 
+#include <algorithm>
 #include <memory>
 
-namespace {
+using Catalogue = NodeOperationCatalogue;
 
-// Options an operation may take besides the common ones.
-enum OptionFlag {
-    Category = 1 << 0,
-    NameFilter = 1 << 1,
-    NewTarget = 1 << 2,
-    MapFile = 1 << 3,
-    IgnorePath = 1 << 4,
-    Zone = 1 << 5,
-    TargetOptions = 1 << 6,
-    PageDelta = 1 << 7,
-    Properties = 1 << 8,
-    // Works on every annotation file; takes no documents or nodes.
-    AllFilesOnly = 1 << 9,
-    // Needs the project description (Projekt.json); others use it if there.
-    NeedsDescription = 1 << 10,
-    UsesDescription = 1 << 11,
-};
+// The options of "kamo-tools node": the common ones, and for each option
+// that only some operations take, the catalogue's flag it belongs to.
+struct NodeCommand::Arguments {
+    QCommandLineParser parser;
+    const QCommandLineOption help { QStringList { QStringLiteral("h"), QStringLiteral("help") } };
+    const QCommandLineOption project { QStringLiteral("project"), QString(), QStringLiteral("ROOT") };
+    const QCommandLineOption all { QStringLiteral("all") };
+    const QCommandLineOption nodes { QStringLiteral("nodes"), QString(), QStringLiteral("NAMES") };
+    const QCommandLineOption backup { QStringLiteral("backup") };
+    const QCommandLineOption dryRun { QStringLiteral("dry-run") };
+    const QCommandLineOption verbose { QStringList { QStringLiteral("v"), QStringLiteral("verbose") } };
+    const QCommandLineOption force { QStringLiteral("force") };
+    const QCommandLineOption category { QStringLiteral("category"), QString(), QStringLiteral("TEXT") };
+    const QCommandLineOption nameFilter { QStringLiteral("name-filter"), QString(), QStringLiteral("REGEX") };
+    const QCommandLineOption newTarget { QStringLiteral("new-target"), QString(), QStringLiteral("PATH") };
+    const QCommandLineOption map { QStringLiteral("map"), QString(), QStringLiteral("FILE") };
+    const QCommandLineOption ignorePath { QStringLiteral("ignore-path") };
+    const QCommandLineOption zone { QStringLiteral("zone"), QString(), QStringLiteral("N") };
+    const QCommandLineOption targetIndex { QStringLiteral("target-index"), QString(), QStringLiteral("N") };
+    const QCommandLineOption envFactor { QStringLiteral("env-factor"), QString(), QStringLiteral("F") };
+    const QCommandLineOption pageDelta { QStringLiteral("page-delta"), QString(), QStringLiteral("N") };
+    const QCommandLineOption setName { QStringLiteral("set-name"), QString(), QStringLiteral("TEXT") };
+    const QCommandLineOption setText { QStringLiteral("set-text"), QString(), QStringLiteral("TEXT") };
+    const QCommandLineOption dimensions { QStringLiteral("dimensions-from"), QString(), QStringLiteral("NAME") };
+    const QCommandLineOption noLeft { QStringLiteral("no-left-offset") };
+    const QCommandLineOption noWidth { QStringLiteral("no-width") };
+    const QCommandLineOption noHeight { QStringLiteral("no-height") };
+    const QCommandLineOption noTopwards { QStringLiteral("no-topwards") };
+    const std::pair<const QCommandLineOption*, int> specific[16] = { { &category, Catalogue::CategoryFilter },
+        { &nameFilter, Catalogue::NameFilter }, { &newTarget, Catalogue::NewLinkTarget }, { &map, Catalogue::PathMap },
+        { &ignorePath, Catalogue::IgnorePath }, { &zone, Catalogue::TargetZone },
+        { &targetIndex, Catalogue::TargetOptions }, { &envFactor, Catalogue::TargetOptions },
+        { &pageDelta, Catalogue::PageDelta }, { &setName, Catalogue::Properties }, { &setText, Catalogue::Properties },
+        { &dimensions, Catalogue::Properties }, { &noLeft, Catalogue::Properties }, { &noWidth, Catalogue::Properties },
+        { &noHeight, Catalogue::Properties }, { &noTopwards, Catalogue::Properties } };
 
-struct Operation {
-    const char* name;
-    int id; // the operation's number in the node-tools dialog, logged with a backup
-    int options;
-};
-
-const Operation operations[] = {
-    { "match-names", 0, IgnorePath | AllFilesOnly | NeedsDescription },
-    { "remove-href", 1, Category },
-    { "duplicate-href", 2, Category | NewTarget },
-    { "href-to-split", 3, Category | UsesDescription },
-    { "convert-pins", 4, NeedsDescription },
-    { "map-href-paths", 5, MapFile },
-    { "set-properties", 6, Category | NameFilter | Properties },
-    { "analyze", 7, NeedsDescription },
-    { "href-to-standard", 8, Category | Zone | UsesDescription },
-    { "modify-targets", 9, Category | NameFilter | TargetOptions },
-    { "change-pages", 10, Category | NameFilter | PageDelta },
-};
-
-const Operation* findOperation(const QString& name)
-{
-    for (const Operation& operation : operations) {
-        if (name == QLatin1String(operation.name))
-            return &operation;
+    Arguments()
+    {
+        parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+        parser.addOptions({ help, project, all, nodes, backup, dryRun, verbose, force });
+        for (const auto& option : specific)
+            parser.addOption(*option.first);
     }
-    return nullptr;
-}
 
-QString logText(const QString& operation, const QString& source)
-{
-    return QStringLiteral("Node Tool Operation: %1\nSource: %2\nUser: %3")
-        .arg(operation, source, Vex::GetCurrentUserName());
-}
-
-} // namespace
+    // What an operation was asked to work on: the positional names after it.
+    QStringList documents;
+    int operation = -1;
+    QString root;
+    QString restoreStamp;
+};
 
 NodeCommand::NodeCommand(QTextStream& out, QTextStream& err)
     : out(out)
@@ -204,99 +192,94 @@ int NodeCommand::usageError(const QString& message, const QString& command)
 
 int NodeCommand::Run(const QStringList& arguments)
 {
-    QCommandLineParser parser;
-    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    const QCommandLineOption helpOption(QStringList { QStringLiteral("h"), QStringLiteral("help") });
-    const QCommandLineOption projectOption(QStringLiteral("project"), QString(), QStringLiteral("ROOT"));
-    const QCommandLineOption allOption(QStringLiteral("all"));
-    const QCommandLineOption nodesOption(QStringLiteral("nodes"), QString(), QStringLiteral("NAMES"));
-    const QCommandLineOption backupOption(QStringLiteral("backup"));
-    const QCommandLineOption dryRunOption(QStringLiteral("dry-run"));
-    const QCommandLineOption verboseOption(QStringList { QStringLiteral("v"), QStringLiteral("verbose") });
-    const QCommandLineOption categoryOption(QStringLiteral("category"), QString(), QStringLiteral("TEXT"));
-    const QCommandLineOption nameFilterOption(QStringLiteral("name-filter"), QString(), QStringLiteral("REGEX"));
-    const QCommandLineOption newTargetOption(QStringLiteral("new-target"), QString(), QStringLiteral("PATH"));
-    const QCommandLineOption mapOption(QStringLiteral("map"), QString(), QStringLiteral("FILE"));
-    const QCommandLineOption ignorePathOption(QStringLiteral("ignore-path"));
-    const QCommandLineOption zoneOption(QStringLiteral("zone"), QString(), QStringLiteral("N"));
-    const QCommandLineOption targetIndexOption(QStringLiteral("target-index"), QString(), QStringLiteral("N"));
-    const QCommandLineOption envFactorOption(QStringLiteral("env-factor"), QString(), QStringLiteral("F"));
-    const QCommandLineOption pageDeltaOption(QStringLiteral("page-delta"), QString(), QStringLiteral("N"));
-    const QCommandLineOption setNameOption(QStringLiteral("set-name"), QString(), QStringLiteral("TEXT"));
-    const QCommandLineOption setTextOption(QStringLiteral("set-text"), QString(), QStringLiteral("TEXT"));
-    const QCommandLineOption dimensionsOption(QStringLiteral("dimensions-from"), QString(), QStringLiteral("NAME"));
-    const QCommandLineOption noLeftOption(QStringLiteral("no-left-offset"));
-    const QCommandLineOption noWidthOption(QStringLiteral("no-width"));
-    const QCommandLineOption noHeightOption(QStringLiteral("no-height"));
-    const QCommandLineOption noTopwardsOption(QStringLiteral("no-topwards"));
-    const QCommandLineOption forceOption(QStringLiteral("force"));
-    parser.addOptions({ helpOption, projectOption, allOption, nodesOption, backupOption, dryRunOption, verboseOption,
-        categoryOption, nameFilterOption, newTargetOption, mapOption, ignorePathOption, zoneOption, targetIndexOption,
-        envFactorOption, pageDeltaOption, setNameOption, setTextOption, dimensionsOption, noLeftOption, noWidthOption,
-        noHeightOption, noTopwardsOption, forceOption });
-
     // The analysis has options of its own.
     if (arguments.value(1) == QLatin1String("analyze"))
         return RunAnalyze(QStringList { QStringLiteral("analyze") } + arguments.mid(2));
 
+    Arguments args;
+    int status = parse(arguments, args);
+    if (status != Continue)
+        return status;
+    if (!args.restoreStamp.isNull())
+        return runRestore(args.root, args.restoreStamp, args.parser.isSet(args.force));
+
+    ProjectDescription description;
+    NodeOperationOptions options;
+    status = check(args, description, options);
+    if (status != Continue)
+        return status;
+    if (args.parser.isSet(args.backup) && !options.dryRun) {
+        status = backUp(args);
+        if (status != Continue)
+            return status;
+    }
+
+    const std::unique_ptr<NodeTool> tool = Catalogue::Create(args.operation, options);
+    TerminalProgress progress(stderr);
+    tool->SetProgressCallback(&progress);
+    tool->Execute();
+    progress.Finish();
+    return report(args, static_cast<const BlockNodeTool&>(*tool).FileProcessor(), options.dryRun);
+}
+
+int NodeCommand::parse(const QStringList& arguments, Arguments& args)
+{
     // "restore" gives --backup a value; every operation takes it as a switch.
     const bool restore = arguments.value(1) == QLatin1String("restore");
     QStringList toParse = QStringList { QStringLiteral("kamo-tools") } + arguments.mid(1);
-    QString restoreStamp;
     if (restore) {
         const int at = toParse.indexOf(QStringLiteral("--backup"));
         if (at < 0 || at + 1 >= toParse.size())
             return usageError(QStringLiteral("restore needs --backup STAMP"));
-        restoreStamp = QFileInfo(toParse.at(at + 1)).fileName();
+        args.restoreStamp = QFileInfo(toParse.at(at + 1)).fileName();
         toParse.erase(toParse.begin() + at, toParse.begin() + at + 2);
     }
+    QCommandLineParser& parser = args.parser;
     if (!parser.parse(toParse))
         return usageError(parser.errorText());
-    if (parser.isSet(helpOption)) {
+    if (parser.isSet(args.help)) {
         out << HelpText();
         out.flush();
         return Success;
     }
 
-    QStringList positional = parser.positionalArguments();
-    if (positional.isEmpty())
+    args.documents = parser.positionalArguments();
+    if (args.documents.isEmpty())
         return usageError(QStringLiteral("missing OPERATION"));
-    const QString operationName = positional.takeFirst();
-    if (!parser.isSet(projectOption))
+    const QString operationName = args.documents.takeFirst();
+    if (!parser.isSet(args.project))
         return usageError(QStringLiteral("--project ROOT is required"));
-    const QString root = QFileInfo(parser.value(projectOption)).absoluteFilePath();
+    args.root = QFileInfo(parser.value(args.project)).absoluteFilePath();
 
+    const bool force = parser.isSet(args.force);
     if (restore) {
-        const bool force = parser.isSet(forceOption);
-        if (!positional.isEmpty() || parser.optionNames().size() != 1 + int(force))
+        if (!args.documents.isEmpty() || parser.optionNames().size() != 1 + int(force))
             return usageError(QStringLiteral("restore takes only --project ROOT, --backup STAMP and --force"));
-        if (!QFileInfo(root).isDir())
-            return usageError(QStringLiteral("project directory '%1' does not exist").arg(root));
-        return runRestore(root, restoreStamp, force);
+        if (!QFileInfo(args.root).isDir())
+            return usageError(QStringLiteral("project directory '%1' does not exist").arg(args.root));
+        return Continue;
     }
-    if (parser.isSet(forceOption))
+    if (force)
         return usageError(QStringLiteral("--force applies to restore only"));
-
-    const Operation* operation = findOperation(operationName);
-    if (!operation)
+    args.operation = Catalogue::FromName(operationName);
+    if (args.operation < 0 || args.operation == Catalogue::Analyze)
         return usageError(QStringLiteral("unknown operation '%1'").arg(operationName));
-    const QString name = QLatin1String(operation->name);
-    const int allowed = operation->options;
+    return Continue;
+}
 
-    const std::pair<const QCommandLineOption*, int> specific[] = { { &categoryOption, Category },
-        { &nameFilterOption, NameFilter }, { &newTargetOption, NewTarget }, { &mapOption, MapFile },
-        { &ignorePathOption, IgnorePath }, { &zoneOption, Zone }, { &targetIndexOption, TargetOptions },
-        { &envFactorOption, TargetOptions }, { &pageDeltaOption, PageDelta }, { &setNameOption, Properties },
-        { &setTextOption, Properties }, { &dimensionsOption, Properties }, { &noLeftOption, Properties },
-        { &noWidthOption, Properties }, { &noHeightOption, Properties }, { &noTopwardsOption, Properties } };
-    for (const auto& option : specific) {
+int NodeCommand::check(const Arguments& args, ProjectDescription& description, NodeOperationOptions& options)
+{
+    const QCommandLineParser& parser = args.parser;
+    const QString name = Catalogue::Name(args.operation);
+    const int allowed = Catalogue::Options(args.operation);
+    for (const auto& option : args.specific) {
         if (parser.isSet(*option.first) && !(allowed & option.second))
             return usageError(
                 QStringLiteral("--%1 does not apply to %2").arg(option.first->names().constFirst(), name));
     }
 
-    const int selections = int(parser.isSet(allOption)) + int(parser.isSet(nodesOption)) + int(!positional.isEmpty());
-    if (allowed & AllFilesOnly) {
+    const int selections = int(parser.isSet(args.all)) + int(parser.isSet(args.nodes)) + int(!args.documents.isEmpty());
+    if (allowed & Catalogue::AllFilesOnly) {
         if (selections > 0)
             return usageError(
                 QStringLiteral("%1 works on every annotation file; give no documents or nodes").arg(name));
@@ -306,202 +289,116 @@ int NodeCommand::Run(const QStringList& arguments)
         return usageError(QStringLiteral("give one of --all, --nodes or DOCUMENT names, not both"));
     }
 
-    if ((allowed & NewTarget) && !parser.isSet(newTargetOption))
+    if ((allowed & Catalogue::NewLinkTarget) && !parser.isSet(args.newTarget))
         return usageError(QStringLiteral("%1 needs --new-target PATH").arg(name));
-    if ((allowed & MapFile) && !parser.isSet(mapOption))
+    if ((allowed & Catalogue::PathMap) && !parser.isSet(args.map))
         return usageError(QStringLiteral("%1 needs --map FILE").arg(name));
-    if ((allowed & PageDelta) && !parser.isSet(pageDeltaOption))
+    if ((allowed & Catalogue::PageDelta) && !parser.isSet(args.pageDelta))
         return usageError(QStringLiteral("%1 needs --page-delta N").arg(name));
-    if ((allowed & TargetOptions) && !parser.isSet(envFactorOption))
+    if ((allowed & Catalogue::TargetOptions) && !parser.isSet(args.envFactor))
         return usageError(QStringLiteral("%1 needs --env-factor F").arg(name));
-    if ((allowed & Properties) && !parser.isSet(setNameOption) && !parser.isSet(setTextOption)
-        && !parser.isSet(dimensionsOption))
+    if ((allowed & Catalogue::Properties) && !parser.isSet(args.setName) && !parser.isSet(args.setText)
+        && !parser.isSet(args.dimensions))
         return usageError(QStringLiteral("%1 needs --set-name, --set-text or --dimensions-from").arg(name));
-    const bool dimensionSwitch = parser.isSet(noLeftOption) || parser.isSet(noWidthOption)
-        || parser.isSet(noHeightOption) || parser.isSet(noTopwardsOption);
-    if (dimensionSwitch && !parser.isSet(dimensionsOption))
+    const bool dimensionSwitch = parser.isSet(args.noLeft) || parser.isSet(args.noWidth) || parser.isSet(args.noHeight)
+        || parser.isSet(args.noTopwards);
+    if (dimensionSwitch && !parser.isSet(args.dimensions))
         return usageError(QStringLiteral("the --no-... switches need --dimensions-from NAME"));
 
     // Numbers in the ranges the dialog's fields allow.
     bool ok = true;
-    const int zone = parser.isSet(zoneOption) ? parser.value(zoneOption).toInt(&ok) : 0;
-    if (!ok || zone < 0 || zone > 4)
-        return usageError(QStringLiteral("--zone must be 0 to 4"));
-    const uint targetIndex = parser.isSet(targetIndexOption) ? parser.value(targetIndexOption).toUInt(&ok) : 0;
-    if (!ok || targetIndex > 99)
-        return usageError(QStringLiteral("--target-index must be 0 to 99"));
-    const float envFactor = parser.isSet(envFactorOption) ? parser.value(envFactorOption).toFloat(&ok) : 1.0f;
-    if (!ok || envFactor < 0.0f || envFactor > 9.9f
-        || (parser.isSet(envFactorOption)
-            && !QRegularExpression(QStringLiteral("^\\d(\\.\\d)?$")).match(parser.value(envFactorOption)).hasMatch()))
+    options.targetZone = parser.isSet(args.zone) ? parser.value(args.zone).toInt(&ok) : 0;
+    if (!ok || options.targetZone < 0 || options.targetZone > Catalogue::MaxTargetZone)
+        return usageError(QStringLiteral("--zone must be 0 to %1").arg(Catalogue::MaxTargetZone));
+    options.useTargetIndex = parser.isSet(args.targetIndex);
+    options.targetIndex = options.useTargetIndex ? parser.value(args.targetIndex).toUInt(&ok) : 0;
+    if (!ok || options.targetIndex > Catalogue::MaxTargetIndex)
+        return usageError(QStringLiteral("--target-index must be 0 to %1").arg(Catalogue::MaxTargetIndex));
+    options.useEnvFactor = true;
+    options.envFactor = parser.isSet(args.envFactor) ? parser.value(args.envFactor).toFloat(&ok) : 1.0f;
+    if (!ok || options.envFactor < 0.0f || options.envFactor > float(Catalogue::MaxEnvFactor)
+        || (parser.isSet(args.envFactor)
+            && !QRegularExpression(QStringLiteral("^\\d(\\.\\d)?$")).match(parser.value(args.envFactor)).hasMatch()))
         return usageError(QStringLiteral("--env-factor must be 0.0 to 9.9 with at most one decimal"));
-    const int pageDelta = parser.isSet(pageDeltaOption) ? parser.value(pageDeltaOption).toInt(&ok) : 0;
-    if (!ok || pageDelta < -99 || pageDelta > 99)
-        return usageError(QStringLiteral("--page-delta must be -99 to 99"));
-    if (parser.isSet(nameFilterOption)) {
-        const QRegularExpression expression(parser.value(nameFilterOption));
-        if (!expression.isValid())
-            return usageError(QStringLiteral("--name-filter: %1").arg(expression.errorString()));
-    }
+    options.pageDelta = parser.isSet(args.pageDelta) ? parser.value(args.pageDelta).toInt(&ok) : 0;
+    if (!ok || qAbs(options.pageDelta) > Catalogue::MaxPageDelta)
+        return usageError(QStringLiteral("--page-delta must be -%1 to %1").arg(Catalogue::MaxPageDelta));
+    options.nameFilter = parser.value(args.nameFilter);
+    if (!QRegularExpression(options.nameFilter).isValid())
+        return usageError(
+            QStringLiteral("--name-filter: %1").arg(QRegularExpression(options.nameFilter).errorString()));
 
-    if (!QFileInfo(root).isDir())
-        return usageError(QStringLiteral("project directory '%1' does not exist").arg(root));
-    const QString dataDir = AnnotationFileProcessor::DataDirectory(root);
-    if (!QFileInfo(dataDir).isDir())
+    if (!QFileInfo(args.root).isDir())
+        return usageError(QStringLiteral("project directory '%1' does not exist").arg(args.root));
+    if (!QFileInfo(AnnotationFileProcessor::DataDirectory(args.root)).isDir())
         return usageError(QStringLiteral("'%1' is not a project: it has no data folder '%2'")
-                              .arg(root, AnnotationFileProcessor::DataDirectoryName));
+                              .arg(args.root, AnnotationFileProcessor::DataDirectoryName));
 
-    ProjectDescription description;
-    const bool needsDescription = (allowed & NeedsDescription) || parser.isSet(nodesOption);
-    const bool descriptionPresent = QFileInfo::exists(root + QLatin1Char('/') + ProjectDescription::FileName);
-    if ((needsDescription || ((allowed & UsesDescription) && descriptionPresent)) && !description.Load(root))
+    const bool needsDescription = (allowed & Catalogue::NeedsNodes) || parser.isSet(args.nodes);
+    const bool descriptionPresent = QFileInfo::exists(args.root + QLatin1Char('/') + ProjectDescription::FileName);
+    if ((needsDescription || ((allowed & Catalogue::UsesNodes) && descriptionPresent)) && !description.Load(args.root))
         return usageError(QStringLiteral("project description: %1").arg(description.ErrorString()));
 
-    QStringList documents = positional;
-    if (parser.isSet(nodesOption)) {
-        for (const QString& nodeName : parser.value(nodesOption).split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+    options.documents = args.documents;
+    if (parser.isSet(args.nodes)) {
+        for (const QString& nodeName : parser.value(args.nodes).split(QLatin1Char(','), Qt::SkipEmptyParts)) {
             const QList<NodeInfo*> found = description.FindNodes(nodeName.trimmed());
             if (found.isEmpty())
                 return usageError(
                     QStringLiteral("no node named '%1' in %2").arg(nodeName, ProjectDescription::FileName));
             for (const NodeInfo* node : found)
-                node->GetFilesForZone(node->Zone(), documents);
+                node->GetFilesForZone(node->Zone(), options.documents);
         }
-        documents.removeDuplicates();
+        options.documents.removeDuplicates();
     }
-
-    QMap<QString, QString> pathMap;
-    if (allowed & MapFile) {
-        const QString mapFile = parser.value(mapOption);
+    if (allowed & Catalogue::PathMap) {
+        const QString mapFile = parser.value(args.map);
         if (!QFileInfo(mapFile).isFile())
             return usageError(QStringLiteral("map file '%1' does not exist").arg(mapFile));
-        pathMap = LoadHREFPathMap(mapFile);
+        options.pathMap = LoadHREFPathMap(mapFile);
     }
 
-    const bool dryRun = parser.isSet(dryRunOption);
-    if (parser.isSet(backupOption) && !dryRun) {
-        NodeToolBackup backup;
-        backup.projectRootDir = root;
-        backup.logText = logText(QString::number(operation->id), root);
-        if (!backup.Create()) {
-            err << "kamo-tools: Error creating backup: " << backup.ErrorString() << "\n";
-            printProblems(QStringLiteral("  not copied: "), backup.GetProblems(), 10);
-            err << "Nothing was changed.\n";
-            err.flush();
-            return Failure;
-        }
-        out << "Backup: " << QDir::toNativeSeparators(backup.GetBackupFolder()) << "\n";
-        out.flush();
-    }
+    options.projectRootDir = args.root;
+    options.allFiles = parser.isSet(args.all);
+    options.dryRun = parser.isSet(args.dryRun);
+    options.nodes = &description.Nodes();
+    options.files = &description.Files();
+    options.pins = &description.Pins();
+    options.categoryFilter = parser.value(args.category);
+    options.newLinkTarget = parser.value(args.newTarget);
+    options.ignorePathOnCompare = parser.isSet(args.ignorePath);
+    options.setName = parser.isSet(args.setName);
+    options.name = parser.value(args.setName);
+    options.setText = parser.isSet(args.setText);
+    options.text = parser.value(args.setText);
+    options.setDimensions = parser.isSet(args.dimensions);
+    options.dimensions.templateName = parser.value(args.dimensions);
+    options.dimensions.setLeftOffset = !parser.isSet(args.noLeft);
+    options.dimensions.setWidth = !parser.isSet(args.noWidth);
+    options.dimensions.setHeight = !parser.isSet(args.noHeight);
+    options.dimensions.heightTopwards = !parser.isSet(args.noTopwards);
+    return Continue;
+}
 
-    const QString category = parser.value(categoryOption);
-    const QString nameFilter = parser.value(nameFilterOption);
-    std::unique_ptr<BlockNodeTool> tool;
-    switch (operation->id) {
-    case 0: {
-        auto match = std::make_unique<ReplaceNameInAnnotationsNT>();
-        match->SetNodesMap(&description.Nodes());
-        match->SetIgnorePathOnCompare(parser.isSet(ignorePathOption));
-        tool = std::move(match);
-        break;
+int NodeCommand::backUp(const Arguments& args)
+{
+    NodeToolBackup backup;
+    backup.projectRootDir = args.root;
+    backup.logText = NodeToolBackup::LogText(QString::number(args.operation), args.root);
+    if (!backup.Create()) {
+        err << "kamo-tools: Error creating backup: " << backup.ErrorString() << "\n";
+        printProblems(QStringLiteral("  not copied: "), backup.GetProblems(), 10);
+        err << "Nothing was changed.\n";
+        err.flush();
+        return Failure;
     }
-    case 1: {
-        auto remove = std::make_unique<RemoveHREFInAnnotationNT>();
-        remove->SetCategoryFilter(category);
-        tool = std::move(remove);
-        break;
-    }
-    case 2: {
-        auto duplicate = std::make_unique<DuplicateHREFInAnnotationsNT>();
-        duplicate->SetCategoryFilter(category);
-        duplicate->SetNewLinkTarget(parser.value(newTargetOption));
-        tool = std::move(duplicate);
-        break;
-    }
-    case 3: {
-        auto toSplit = std::make_unique<ChangeHREFTypeNT>();
-        toSplit->SetCategoryFilter(category);
-        toSplit->SetNodesMap(&description.Nodes());
-        toSplit->SetFilesMap(&description.Files());
-        tool = std::move(toSplit);
-        break;
-    }
-    case 4: {
-        auto pins = std::make_unique<ConvertFreeHandPinsNT>();
-        pins->SetFilesPinMap(&description.Pins());
-        tool = std::move(pins);
-        break;
-    }
-    case 5: {
-        auto map = std::make_unique<ChangeHREFPathNT>();
-        map->SetPathMap(pathMap);
-        tool = std::move(map);
-        break;
-    }
-    case 6: {
-        auto properties = std::make_unique<SetAnnotationPropertiesNT>();
-        properties->SetCategoryFilter(category);
-        properties->SetNameFilter(nameFilter);
-        properties->SetNameOption(parser.isSet(setNameOption), parser.value(setNameOption));
-        properties->SetTextOption(parser.isSet(setTextOption), parser.value(setTextOption));
-        AnnotationDimensionOptions dimensions;
-        dimensions.fromOtherAnnotation = true;
-        dimensions.templateName = parser.value(dimensionsOption);
-        dimensions.setLeftOffset = !parser.isSet(noLeftOption);
-        dimensions.setWidth = !parser.isSet(noWidthOption);
-        dimensions.setHeight = !parser.isSet(noHeightOption);
-        dimensions.heightTopwards = !parser.isSet(noTopwardsOption);
-        properties->SetDimensionOption(parser.isSet(dimensionsOption), dimensions);
-        tool = std::move(properties);
-        break;
-    }
-    case 8: {
-        auto toStandard = std::make_unique<ChangeHREFTypeToStandardNT>();
-        toStandard->SetCategoryFilter(category);
-        toStandard->SetTargetZone(zone);
-        toStandard->SetNodesMap(&description.Nodes());
-        toStandard->SetFilesMap(&description.Files());
-        tool = std::move(toStandard);
-        break;
-    }
-    case 9: {
-        auto targets = std::make_unique<ModifyAnnotationTargetsNT>();
-        targets->SetCategoryFilter(category);
-        targets->SetNameFilter(nameFilter);
-        targets->SetUseTargetIndexFilter(parser.isSet(targetIndexOption));
-        targets->SetTargetIndex(targetIndex);
-        targets->SetUseEnvFactor(true);
-        targets->SetEnvFactor(envFactor);
-        tool = std::move(targets);
-        break;
-    }
-    case 10: {
-        auto pages = std::make_unique<ChangePageNumberNT>();
-        pages->SetCategoryFilter(category);
-        pages->SetNameFilter(nameFilter);
-        pages->SetPageDelta(pageDelta);
-        tool = std::move(pages);
-        break;
-    }
-    default:
-        return usageError(QStringLiteral("unknown operation '%1'").arg(operationName));
-    }
+    out << "Backup: " << QDir::toNativeSeparators(backup.GetBackupFolder()) << "\n";
+    out.flush();
+    return Continue;
+}
 
-    tool->SetProjectRootDir(root);
-    if (parser.isSet(allOption) && operation->id == 4)
-        tool->SetFileNames(description.Pins().keys()); // every document with pins
-    else if (parser.isSet(allOption))
-        tool->SetAllAnnotationFiles(true);
-    else if (!(allowed & AllFilesOnly))
-        tool->SetFileNames(documents);
-    tool->SetDryRun(dryRun);
-
-    TerminalProgress progress(stderr);
-    tool->SetProgressCallback(&progress);
-    tool->Execute();
-    progress.Finish();
-
-    const AnnotationFileProcessor& files = tool->FileProcessor();
+int NodeCommand::report(const Arguments& args, const AnnotationFileProcessor& files, bool dryRun)
+{
     if (dryRun) {
         out << "Dry run: nothing was written.\n";
         for (int i = 0; i < files.GetChangedFiles().size(); ++i) {
@@ -513,18 +410,18 @@ int NodeCommand::Run(const QStringList& arguments)
                                       .arg(blocks == 1 ? QString() : QStringLiteral("s")))
                 << ")\n";
         }
-    } else if (parser.isSet(verboseOption)) {
+    } else if (args.parser.isSet(args.verbose)) {
         for (const QString& path : files.GetChangedFiles())
             out << "changed: " << QDir::toNativeSeparators(path) << "\n";
     }
-    out << "Files examined: " << tool->GetFilesExamined() << "\n"
-        << (dryRun ? "Files that would change: " : "Files changed: ") << tool->GetFilesChanged() << "\n";
+    out << "Files examined: " << files.GetFilesExamined() << "\n"
+        << (dryRun ? "Files that would change: " : "Files changed: ") << files.GetFilesChanged() << "\n";
     out.flush();
     for (const QString& warning : files.GetWarnings())
         err << "warning: " << QDir::toNativeSeparators(warning) << "\n";
     // Documents of nodes often have no annotation file yet; one named on the
     // command line was meant to have one.
-    const bool namedDocuments = !positional.isEmpty();
+    const bool namedDocuments = !args.documents.isEmpty();
     if (namedDocuments) {
         for (const QString& document : files.GetDocumentsWithoutFile())
             err << "warning: no annotation file for document " << document << "\n";
@@ -539,7 +436,7 @@ int NodeCommand::runRestore(const QString& root, const QString& stamp, bool forc
 {
     NodeToolBackup backup;
     backup.projectRootDir = root;
-    backup.logText = logText(QStringLiteral("restore %1").arg(stamp), root);
+    backup.logText = NodeToolBackup::LogText(QStringLiteral("restore %1").arg(stamp), root);
     QStringList restored;
     if (!backup.Restore(stamp, &restored, force)) {
         err << "kamo-tools: restore failed: " << backup.ErrorString() << "\n";

@@ -6,7 +6,10 @@
 #include <QString>
 #include <QStringList>
 
+class AnnotationFileProcessor;
+class ProjectDescription;
 class QTextStream;
+struct NodeOperationOptions;
 
 // "kamo-tools node ..." and "kamo-tools analyze ...": runs one node tool
 // over a project's annotation files, restores a backup, or analyses which
@@ -30,6 +33,14 @@ public:
 
 private:
     int usageError(const QString& message, const QString& command = QStringLiteral("node"));
+    struct Arguments;
+    // Answered by the steps of Run() that found nothing to stop for.
+    static constexpr int Continue = -1;
+
+    int parse(const QStringList& arguments, Arguments& args);
+    int check(const Arguments& args, ProjectDescription& description, NodeOperationOptions& options);
+    int backUp(const Arguments& args);
+    int report(const Arguments& args, const AnnotationFileProcessor& files, bool dryRun);
     int runRestore(const QString& root, const QString& stamp, bool force);
     void printProblems(const QString& prefix, const QList<NodeToolBackupCheck::Problem>& problems, int limit);
 

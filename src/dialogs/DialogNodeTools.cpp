@@ -4,22 +4,11 @@
 #include "dialogs/DlgNodeTools.h"
 #include "dialogs/DlgNodeToolsPreview.h"
 #include "dialogs/QtProgressCallback.h"
-#include "nodetools/AnalyzeProjectNT.h"
 #include "nodetools/AnnotationFileProcessor.h"
 #include "nodetools/BlockNodeTool.h"
-#include "nodetools/ChangeHREFPathNT.h"
-#include "nodetools/ChangeHREFTypeNT.h"
-#include "nodetools/ChangeHREFTypeToStandardNT.h"
-#include "nodetools/ChangePageNumberNT.h"
-#include "nodetools/ConvertFreeHandPinsNT.h"
-#include "nodetools/DuplicateHREFInAnnotationsNT.h"
-#include "nodetools/ModifyAnnotationTargetsNT.h"
+#include "nodetools/NodeOperationCatalogue.h"
+#include "nodetools/NodeOperationOptions.h"
 #include "nodetools/NodeToolBackup.h"
-#include "nodetools/RemoveHREFInAnnotationNT.h"
-#include "nodetools/ReplaceNameInAnnotationsNT.h"
-#include "nodetools/SetAnnotationPropertiesNT.h"
-
-#include <Kamo_base/Vex.h>
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -173,8 +162,7 @@ void DialogNodeTools::ShowModal()
     if (dialog->GetDoBackup()) {
         NodeToolBackup backup;
         backup.projectRootDir = projectRootDir;
-        backup.logText = QStringLiteral("Node Tool Operation: %1\nSource: %2\nUser: %3")
-                             .arg(QString::number(operation), projectRootDir, Vex::GetCurrentUserName());
+        backup.logText = NodeToolBackup::LogText(QString::number(operation), projectRootDir);
         if (!withWaitCursor([&backup] { return backup.Create(); })) {
             QMessageBox box(
                 QMessageBox::Warning, QStringLiteral("Kamo"), trDialog("Error creating backup"), QMessageBox::Ok);
@@ -189,7 +177,7 @@ void DialogNodeTools::ShowModal()
         }
     }
 
-    std::unique_ptr<NodeTool> tool = createTool(operation, projectRootDir);
+    std::unique_ptr<NodeTool> tool = createTool(operation, projectRootDir, false);
     if (!tool)
         return;
     execute(*tool, parent);
@@ -236,13 +224,12 @@ void DialogNodeTools::preview()
         return;
     }
     const int operation = dialog->GetOperationId();
-    if (!DlgNodeTools::HasPreview(operation))
+    if (!(NodeOperationCatalogue::Options(operation) & NodeOperationCatalogue::WritesFiles))
         return;
-    std::unique_ptr<NodeTool> tool = createTool(operation, root);
+    std::unique_ptr<NodeTool> tool = createTool(operation, root, true);
     auto* blockTool = dynamic_cast<BlockNodeTool*>(tool.get());
     if (!blockTool)
         return;
-    blockTool->SetDryRun(true);
     execute(*blockTool, dialog);
 
     DlgNodeToolsPreview view(dialog);
@@ -253,106 +240,14 @@ void DialogNodeTools::preview()
         dialog->OnAccepted();
 }
 
-std::unique_ptr<NodeTool> DialogNodeTools::createTool(int operation, const QString& root) const
+std::unique_ptr<NodeTool> DialogNodeTools::createTool(int operation, const QString& root, bool dryRun) const
 {
-    const QString category = dialog->GetCategoryFilterEnabled() ? dialog->GetCategoryFilter() : QString();
-    const QString name = dialog->GetNameFilterEnabled() ? dialog->GetNameFilterExpression() : QString();
-    // Every block tool but the name matching works on the checked nodes'
-    // documents; the name matching looks at all annotation files.
-    const auto blockTool = [this, &root](auto* tool) {
-        tool->SetProjectRootDir(root);
-        tool->SetFileNames(dialog->GetFilesOfCheckedNodes());
-        return std::unique_ptr<NodeTool>(tool);
-    };
-
-    switch (operation) {
-    case 0: {
-        auto* tool = new ReplaceNameInAnnotationsNT;
-        tool->SetProjectRootDir(root);
-        tool->SetAllAnnotationFiles(true);
-        tool->SetNodesMap(nodes);
-        tool->SetIgnorePathOnCompare(dialog->GetIgnorePathOnCompare());
-        return std::unique_ptr<NodeTool>(tool);
-    }
-    case 1: {
-        auto* tool = new RemoveHREFInAnnotationNT;
-        tool->SetCategoryFilter(category);
-        return blockTool(tool);
-    }
-    case 2: {
-        auto* tool = new DuplicateHREFInAnnotationsNT;
-        tool->SetCategoryFilter(category);
-        tool->SetNewLinkTarget(dialog->GetNewHREFTarget());
-        return blockTool(tool);
-    }
-    case 3: {
-        auto* tool = new ChangeHREFTypeNT;
-        tool->SetCategoryFilter(category);
-        tool->SetNodesMap(nodes);
-        tool->SetFilesMap(files);
-        return blockTool(tool);
-    }
-    case 4: {
-        auto* tool = new ConvertFreeHandPinsNT;
-        tool->SetFileNames(dialog->GetFilesOfCheckedNodes());
-        tool->SetProjectRootDir(root);
-        tool->SetFilesPinMap(filesPins);
-        return std::unique_ptr<NodeTool>(tool);
-    }
-    case 5: {
-        auto* tool = new ChangeHREFPathNT;
-        tool->SetPathMap(dialog->ReadHREFPathMap());
-        return blockTool(tool);
-    }
-    case 6: {
-        auto* tool = new SetAnnotationPropertiesNT;
-        tool->SetCategoryFilter(category);
-        tool->SetNameFilter(name);
-        if (dialog->GetSetName())
-            tool->SetNameOption(true, dialog->GetName());
-        if (dialog->GetSetText())
-            tool->SetTextOption(true, dialog->GetText());
-        if (dialog->GetSetDimensions())
-            tool->SetDimensionOption(true, dialog->GetDimensionOptions());
-        return blockTool(tool);
-    }
-    case 7: {
-        auto* tool = new AnalyzeProjectNT;
-        tool->SetProjectRootDir(root);
-        tool->SetNodesMap(nodes);
-        tool->SetFilesMap(files);
-        return std::unique_ptr<NodeTool>(tool);
-    }
-    case 8: {
-        auto* tool = new ChangeHREFTypeToStandardNT;
-        tool->SetCategoryFilter(category);
-        tool->SetNodesMap(nodes);
-        tool->SetFilesMap(files);
-        tool->SetTargetZone(dialog->GetTargetZone());
-        return blockTool(tool);
-    }
-    case 9: {
-        auto* tool = new ModifyAnnotationTargetsNT;
-        tool->SetCategoryFilter(category);
-        tool->SetNameFilter(name);
-        if (dialog->GetUseTargetIndexFilter()) {
-            tool->SetUseTargetIndexFilter(true);
-            tool->SetTargetIndex(dialog->GetTargetIndex());
-        }
-        if (dialog->GetUseEnvFactor()) {
-            tool->SetUseEnvFactor(true);
-            tool->SetEnvFactor(dialog->GetEnvFactor());
-        }
-        return blockTool(tool);
-    }
-    case 10: {
-        auto* tool = new ChangePageNumberNT;
-        tool->SetCategoryFilter(category);
-        tool->SetNameFilter(name);
-        tool->SetPageDelta(dialog->GetPageDelta());
-        return blockTool(tool);
-    }
-    default:
-        return nullptr;
-    }
+    NodeOperationOptions options = dialog->GetOperationOptions();
+    options.projectRootDir = root;
+    options.documents = dialog->GetFilesOfCheckedNodes();
+    options.dryRun = dryRun;
+    options.nodes = nodes;
+    options.files = files;
+    options.pins = filesPins;
+    return NodeOperationCatalogue::Create(operation, options);
 }

@@ -73,7 +73,7 @@ public:
 private:
     /// The tool of operation `operation` with the options of the dialog;
     /// null for an unknown operation.
-    std::unique_ptr<NodeTool> createTool(int operation, const QString& root) const;
+    std::unique_ptr<NodeTool> createTool(int operation, const QString& root, bool dryRun) const;
     /// Runs `tool` under a progress dialog and a wait cursor.
     static void execute(NodeTool& tool, QWidget* progressParent);
     /// The dry run of the dialog's operation and the window that shows it.

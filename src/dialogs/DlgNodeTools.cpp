@@ -4,6 +4,9 @@
 
 #include "ui_DlgNodeTools.h"
 
+#include "nodetools/HREFPathMap.h"
+#include "nodetools/NodeOperationCatalogue.h"
+
 #include <Kamo_view/CheckableTree.h>
 #include <Kamo_view/NodeInfo.h>
 #include <Kamo_view/TreeWidget.h>
@@ -44,48 +47,31 @@ const QString KeyTargetIndex = QStringLiteral("NodeToolsDialog/CTPTargetFilterIn
 const QString KeyUseEnvFactor = QStringLiteral("NodeToolsDialog/CTPUseTargetEnvFactor");
 const QString KeyEnvFactor = QStringLiteral("NodeToolsDialog/CTPTargetEnvFactor");
 
-// Reads the lines of a path map file split at ",", empty parts kept. Lines
-// with fewer than two parts carry no mapping and are dropped.
-QList<QStringList> readPathMapLines(const QString& fileName)
-{
-    QList<QStringList> lines;
-    QFile file(fileName);
-    if (fileName.isEmpty() || !file.exists() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return lines;
-    QTextStream stream(&file);
-    while (!stream.atEnd()) {
-        const QStringList parts = stream.readLine().split(QLatin1Char(','));
-        if (parts.size() >= 2)
-            lines.append(parts);
-    }
-    return lines;
-}
-
 } // namespace
 
 QList<int> DlgNodeTools::TabsOfOperation(int id)
 {
+    using Catalogue = NodeOperationCatalogue;
     switch (id) {
-    case 0:
+    case Catalogue::MatchNames:
         return { TabReplaceLinkDesc };
-    case 1:
+    case Catalogue::RemoveHREF:
+    case Catalogue::HREFToSplit:
         return { TabNodeFilter, TabAnnotationFilter };
-    case 2:
+    case Catalogue::DuplicateHREF:
         return { TabNodeFilter, TabAnnotationFilter, TabDuplicateHREF };
-    case 3:
-        return { TabNodeFilter, TabAnnotationFilter };
-    case 4:
+    case Catalogue::ConvertPins:
         return { TabNodeFilter };
-    case 5:
+    case Catalogue::MapHREFPaths:
         return { TabNodeFilter, TabHREFPath };
-    case 6:
+    case Catalogue::SetProperties:
         return { TabNodeFilter, TabAnnotationFilter, TabSetAnnotationProperties };
-    case 8:
+    case Catalogue::HREFToStandard:
         // The category filter still applies, though its tab stays hidden.
         return { TabNodeFilter, TabChangeHREFType };
-    case 9:
+    case Catalogue::ModifyTargets:
         return { TabNodeFilter, TabAnnotationFilter, TabModifyTargets };
-    case 10:
+    case Catalogue::ChangePages:
         return { TabNodeFilter, TabAnnotationFilter, TabPageNumber };
     default:
         return {};
@@ -101,13 +87,16 @@ DlgNodeTools::DlgNodeTools(QWidget* parent)
     // Old and new paths are alike in length: each column gets half.
     ui->treeHREFReplacePathPreview->header()->setSectionResizeMode(QHeaderView::Stretch);
 
-    ui->edtlAnnModifyTargetFilterTargetIndex->setValidator(new QIntValidator(0, 99, this));
+    ui->edtlAnnModifyTargetFilterTargetIndex->setValidator(
+        new QIntValidator(0, int(NodeOperationCatalogue::MaxTargetIndex), this));
     // The factor is read back with QString::toFloat, which knows only the
     // decimal point; the validator must not ask for a comma.
-    auto* factorValidator = new QDoubleValidator(0.0, 9.9, 1, this);
+    auto* factorValidator = new QDoubleValidator(
+        0.0, NodeOperationCatalogue::MaxEnvFactor, NodeOperationCatalogue::EnvFactorDecimals, this);
     factorValidator->setNotation(QDoubleValidator::StandardNotation);
     factorValidator->setLocale(QLocale::c());
     ui->edtAnnModifyTargetsEnvFactor->setValidator(factorValidator);
+    ui->sbxPageCount->setRange(-NodeOperationCatalogue::MaxPageDelta, NodeOperationCatalogue::MaxPageDelta);
 
     connect(ui->tabOptions, &QTabWidget::currentChanged, this, &DlgNodeTools::OnCurrentOptionsTabChanged);
     connect(ui->btnSelectBaseDirFolder, &QAbstractButton::clicked, this, &DlgNodeTools::OnSelectBaseDirFolderClicked);
@@ -256,14 +245,9 @@ void DlgNodeTools::OnOperationIdChanged(int)
     const int operation = ui->cbxNodeOperationSelect->currentIndex();
     for (int tab : TabsOfOperation(operation))
         ui->tabOptions->addTab(tabPages.value(tab), tabTitles.value(tab));
+    // What only reads has nothing to preview.
     if (previewButton)
-        previewButton->setEnabled(HasPreview(operation));
-}
-
-bool DlgNodeTools::HasPreview(int id)
-{
-    // The analysis only reads.
-    return id >= 0 && id < OperationCount && id != 7;
+        previewButton->setEnabled(NodeOperationCatalogue::Options(operation) & NodeOperationCatalogue::WritesFiles);
 }
 
 QStringList DlgNodeTools::OperationLabels() const
@@ -291,24 +275,13 @@ void DlgNodeTools::refreshPathMapPreview()
 {
     ui->treeHREFReplacePathPreview->clear();
     QList<QTreeWidgetItem*> rows;
-    for (const QStringList& parts : readPathMapLines(ui->edtHREFReplacePathMapFile->text())) {
+    for (const QStringList& parts : ReadHREFPathMapLines(ui->edtHREFReplacePathMapFile->text())) {
         auto* row = new QTreeWidgetItem;
         row->setText(0, parts.at(0));
         row->setText(1, parts.at(1));
         rows.append(row);
     }
     ui->treeHREFReplacePathPreview->addTopLevelItems(rows);
-}
-
-QMap<QString, QString> DlgNodeTools::ReadHREFPathMap() const
-{
-    QMap<QString, QString> map;
-    for (const QStringList& parts : readPathMapLines(ui->edtHREFReplacePathMapFile->text())) {
-        const QString key = parts.at(0).toLower();
-        if (!map.contains(key))
-            map.insert(key, parts.at(1).toLower());
-    }
-    return map;
 }
 
 void DlgNodeTools::OnSelectBaseDirFolderClicked()
@@ -379,87 +352,34 @@ bool DlgNodeTools::GetDoBackup() const
 {
     return ui->chkbDoBackup->isChecked();
 }
-bool DlgNodeTools::GetCategoryFilterEnabled() const
-{
-    return ui->gbxFilterByAnnotationCategory->isChecked();
-}
-QString DlgNodeTools::GetCategoryFilter() const
-{
-    return ui->edtCategoryFilter->text();
-}
-bool DlgNodeTools::GetNameFilterEnabled() const
-{
-    return ui->gbxFilterByAnnotationName->isChecked();
-}
-QString DlgNodeTools::GetNameFilterExpression() const
-{
-    return ui->edtNameFilterExpression->text();
-}
-bool DlgNodeTools::GetIgnorePathOnCompare() const
-{
-    return ui->chkbReplaceDescIgnorePathOnCompare->isChecked();
-}
-QString DlgNodeTools::GetNewHREFTarget() const
-{
-    return ui->edtDuplicateHREFNewLinkTarget->text();
-}
-QString DlgNodeTools::GetHREFReplacePathMapFile() const
-{
-    return ui->edtHREFReplacePathMapFile->text();
-}
-bool DlgNodeTools::GetSetName() const
-{
-    return ui->gbxSAPName->isChecked();
-}
-QString DlgNodeTools::GetName() const
-{
-    return ui->edtSAPName->text();
-}
-bool DlgNodeTools::GetSetText() const
-{
-    return ui->gbxSAPText->isChecked();
-}
-QString DlgNodeTools::GetText() const
-{
-    return ui->edtSAPText->text();
-}
-bool DlgNodeTools::GetSetDimensions() const
-{
-    return ui->gbxSAPPosition->isChecked();
-}
-int DlgNodeTools::GetTargetZone() const
-{
-    return ui->cbxChangeHREFTypeTargetZone->currentIndex();
-}
-bool DlgNodeTools::GetUseTargetIndexFilter() const
-{
-    return ui->gbxModifyTargetTargetFilter->isChecked();
-}
-unsigned DlgNodeTools::GetTargetIndex() const
-{
-    return ui->edtlAnnModifyTargetFilterTargetIndex->text().toUInt();
-}
-bool DlgNodeTools::GetUseEnvFactor() const
-{
-    return ui->chkAnnModifyTargetEnvFactor->isChecked();
-}
-float DlgNodeTools::GetEnvFactor() const
-{
-    return ui->edtAnnModifyTargetsEnvFactor->text().toFloat();
-}
-int DlgNodeTools::GetPageDelta() const
-{
-    return ui->sbxPageCount->value();
-}
 
-AnnotationDimensionOptions DlgNodeTools::GetDimensionOptions() const
+NodeOperationOptions DlgNodeTools::GetOperationOptions() const
 {
-    AnnotationDimensionOptions options;
-    options.fromOtherAnnotation = ui->rbtnSAPSetDimensionsFromOtherAnnotation->isChecked();
-    options.templateName = ui->edtSAPDimensionsTemplateAnnotation->text();
-    options.setLeftOffset = ui->chkSAPSetDimensionsLeftOffset->isChecked();
-    options.setWidth = ui->chkSAPSetDimensionsWidth->isChecked();
-    options.setHeight = ui->chkSAPSetDimensionsHeight->isChecked();
-    options.heightTopwards = ui->chkSAPSetDimensionsHeightTopwardsMode->isChecked();
+    NodeOperationOptions options;
+    if (ui->gbxFilterByAnnotationCategory->isChecked())
+        options.categoryFilter = ui->edtCategoryFilter->text();
+    if (ui->gbxFilterByAnnotationName->isChecked())
+        options.nameFilter = ui->edtNameFilterExpression->text();
+    options.ignorePathOnCompare = ui->chkbReplaceDescIgnorePathOnCompare->isChecked();
+    options.newLinkTarget = ui->edtDuplicateHREFNewLinkTarget->text();
+    if (GetOperationId() == NodeOperationCatalogue::MapHREFPaths)
+        options.pathMap = LoadHREFPathMap(ui->edtHREFReplacePathMapFile->text());
+    options.setName = ui->gbxSAPName->isChecked();
+    options.name = ui->edtSAPName->text();
+    options.setText = ui->gbxSAPText->isChecked();
+    options.text = ui->edtSAPText->text();
+    options.setDimensions = ui->gbxSAPPosition->isChecked();
+    options.dimensions.fromOtherAnnotation = ui->rbtnSAPSetDimensionsFromOtherAnnotation->isChecked();
+    options.dimensions.templateName = ui->edtSAPDimensionsTemplateAnnotation->text();
+    options.dimensions.setLeftOffset = ui->chkSAPSetDimensionsLeftOffset->isChecked();
+    options.dimensions.setWidth = ui->chkSAPSetDimensionsWidth->isChecked();
+    options.dimensions.setHeight = ui->chkSAPSetDimensionsHeight->isChecked();
+    options.dimensions.heightTopwards = ui->chkSAPSetDimensionsHeightTopwardsMode->isChecked();
+    options.targetZone = ui->cbxChangeHREFTypeTargetZone->currentIndex();
+    options.useTargetIndex = ui->gbxModifyTargetTargetFilter->isChecked();
+    options.targetIndex = ui->edtlAnnModifyTargetFilterTargetIndex->text().toUInt();
+    options.useEnvFactor = ui->chkAnnModifyTargetEnvFactor->isChecked();
+    options.envFactor = ui->edtAnnModifyTargetsEnvFactor->text().toFloat();
+    options.pageDelta = ui->sbxPageCount->value();
     return options;
 }

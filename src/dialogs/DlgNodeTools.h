@@ -2,7 +2,7 @@
 #define KAMO_TOOLS_DLGNODETOOLS_H
 
 #include "kamo_tools_export.h"
-#include "nodetools/AnnotationDimensionOptions.h"
+#include "nodetools/NodeOperationOptions.h"
 
 #include <QDialog>
 #include <QMap>
@@ -45,8 +45,6 @@ public:
         TabPageNumber,
         OptionTabCount
     };
-    /// Number of operations in the operation combo box (ids 0 to OperationCount - 1).
-    static constexpr int OperationCount = 11;
     /// The option tabs of operation `id`, ascending; none for an unknown id.
     static QList<int> TabsOfOperation(int id);
 
@@ -81,42 +79,21 @@ public:
     QString GetDataDirectory() const { return dataDirectory; }
     int GetOperationId() const;
     bool GetDoBackup() const;
-    bool GetCategoryFilterEnabled() const;
-    QString GetCategoryFilter() const;
-    bool GetNameFilterEnabled() const;
-    QString GetNameFilterExpression() const;
-    bool GetIgnorePathOnCompare() const;
-    QString GetNewHREFTarget() const;
-    QString GetHREFReplacePathMapFile() const;
-    bool GetSetName() const;
-    QString GetName() const;
-    bool GetSetText() const;
-    QString GetText() const;
-    bool GetSetDimensions() const;
-    AnnotationDimensionOptions GetDimensionOptions() const;
-    int GetTargetZone() const;
-    bool GetUseTargetIndexFilter() const;
-    unsigned GetTargetIndex() const;
-    bool GetUseEnvFactor() const;
-    float GetEnvFactor() const;
-    int GetPageDelta() const;
     ///@}
 
     /// Documents of the checked nodes in the zone each node is shown in,
     /// without repeats.
     QStringList GetFilesOfCheckedNodes() const;
-    /// The path map file as the tool takes it: old path -> new path, both in
-    /// lower case, the first line for a path winning. Empty when the file is
-    /// missing or unreadable.
-    QMap<QString, QString> ReadHREFPathMap() const;
+    /// The options of the chosen operation as its widgets set them: the
+    /// filters where their groups are checked, the path map read from the
+    /// map file. The files and the host's data are the caller's to add.
+    NodeOperationOptions GetOperationOptions() const;
 
     /// The node tree built by Initialize(), owned by the dialog; null before Initialize().
     CheckableTree* GetNodeTree() const { return nodeTree; }
 
     /// The combo's labels, indexed by operation id.
     QStringList OperationLabels() const;
-    /// Whether operation `id` changes files, so that a dry run can show it.
-    static bool HasPreview(int id);
 
 Q_SIGNALS:
     /// "Vorschau…": whoever runs the operations shows what it would change.

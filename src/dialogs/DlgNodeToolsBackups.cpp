@@ -5,8 +5,6 @@
 #include "nodetools/AnnotationFileProcessor.h"
 #include "nodetools/NodeToolBackup.h"
 
-#include <Kamo_base/Vex.h>
-
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -266,8 +264,7 @@ void DlgNodeToolsBackups::OnRestoreClicked()
 
     NodeToolBackup backup;
     backup.projectRootDir = projectRootDir;
-    backup.logText = QStringLiteral("Node Tool Operation: restore %1\nSource: %2\nUser: %3")
-                         .arg(info.stamp, projectRootDir, Vex::GetCurrentUserName());
+    backup.logText = NodeToolBackup::LogText(QStringLiteral("restore %1").arg(info.stamp), projectRootDir);
     QStringList restored;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const bool done = backup.Restore(info.stamp, &restored, damaged);

@@ -6,6 +6,8 @@
 #include "nodetools/FileSystemSync.h"
 #include "nodetools/Sha256.h"
 
+#include <Kamo_base/Vex.h>
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
@@ -54,6 +56,12 @@ bool NodeToolBackup::fail(const QString& message)
 {
     errorString = message;
     return false;
+}
+
+QString NodeToolBackup::LogText(const QString& operation, const QString& source)
+{
+    return QStringLiteral("Node Tool Operation: %1\nSource: %2\nUser: %3")
+        .arg(operation, source, Vex::GetCurrentUserName());
 }
 
 QString NodeToolBackup::BackupFolder(const QString& projectRootDir, const QString& stamp)

@@ -67,6 +67,11 @@ public:
     /// The folder of the backup `stamp` of the project.
     static QString BackupFolder(const QString& projectRootDir, const QString& stamp);
 
+    /// The log of a run: "Node Tool Operation: <operation>\nSource: <source>\nUser: <login>",
+    /// `operation` being the operation's number (NodeOperationCatalogue) or
+    /// "restore <stamp>", `source` the project folder.
+    static QString LogText(const QString& operation, const QString& source);
+
     static const QString BackupRootName; ///< "ann_sic"
     static const QString LogFileName;    ///< "nodeToolOperation.log"
     /// The QDateTime format of a backup folder's name, "dd.MM.yyyy hh.mm.ss".

@@ -190,8 +190,8 @@ void DlgNodeToolsTest::valuesAreSavedOnOkOnlyAndRestored()
     open(dialog);
     QCOMPARE(tabTitles(&dialog).size(), 3);
     QVERIFY(child<QGroupBox>(&dialog, "gbxFilterByAnnotationCategory")->isChecked());
-    QCOMPARE(dialog.GetCategoryFilter(), "Kanal");
-    QCOMPARE(dialog.GetTargetIndex(), 7u);
+    QCOMPARE(dialog.GetOperationOptions().categoryFilter, "Kanal");
+    QCOMPARE(dialog.GetOperationOptions().targetIndex, 7u);
     QCOMPARE(child<QLineEdit>(&dialog, "edtAnnModifyTargetsEnvFactor")->text(), "2.5");
     QCOMPARE(dialog.GetFilesOfCheckedNodes(), QStringList { "C:\\Projekte\\PDF\\Plan.pdf" });
 }
@@ -226,7 +226,7 @@ void DlgNodeToolsTest::pathMapFileIsReadFirstLineWinning()
     QMap<QString, QString> expected;
     for (int i = 0; i + 1 < pairs.size(); i += 2)
         expected.insert(pairs.at(i), pairs.at(i + 1));
-    QCOMPARE(dialog.ReadHREFPathMap(), expected);
+    QCOMPARE(dialog.GetOperationOptions().pathMap, expected);
 }
 
 void DlgNodeToolsTest::typedDataDirectoryIsUsedAndRedWhenMissing()
