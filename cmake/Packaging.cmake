@@ -15,6 +15,9 @@ set(KAMO_PACKAGE_MAINTAINER "kamo_tools developers <kamo-tools@example.org>"
 set(CPACK_PACKAGE_CONTACT "${KAMO_PACKAGE_MAINTAINER}")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+# The DEB generator stages through DESTDIR, so the install sees /usr, which
+# the pkg-config files name. (A generator that stages under a prefix of its
+# own instead would need CPACK_SET_DESTDIR and CPACK_INSTALL_PREFIX.)
 set(CPACK_COMPONENTS_ALL runtime development programs)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -70,8 +73,6 @@ if(NOT kamo_changelog_head MATCHES "^kamo-tools \\(${PROJECT_VERSION}\\) ")
 endif()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/changelog.in ${kamo_debian_dir}/changelog @ONLY)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/copyright.in ${kamo_debian_dir}/copyright @ONLY)
-configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/lintian-overrides.in
-    ${kamo_debian_dir}/${kamo_runtime_package} @ONLY)
 execute_process(COMMAND gzip -9n -c ${kamo_debian_dir}/changelog
     OUTPUT_FILE ${kamo_debian_dir}/changelog.gz RESULT_VARIABLE kamo_gzip_result)
 if(NOT kamo_gzip_result EQUAL 0)
@@ -83,7 +84,13 @@ foreach(component runtime development programs)
         DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME}
         COMPONENT ${component})
 endforeach()
-install(FILES ${kamo_debian_dir}/${kamo_runtime_package}
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT runtime)
+# What lintian reports and is meant so, each with its reason in the file.
+foreach(component runtime development)
+    string(TOUPPER ${component} upper)
+    set(overrides ${kamo_debian_dir}/lintian/${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/lintian-overrides-${component}.in ${overrides} @ONLY)
+    install(FILES ${overrides}
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT ${component})
+endforeach()
 
 include(CPack)

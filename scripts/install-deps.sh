@@ -10,7 +10,8 @@ set -eu
 # libssl-dev brings libcrypto, which hashes the backups' manifests;
 # doxygen and graphviz build the API reference; help2man writes the
 # programs' manual pages and lintian checks the Debian packages.
-packages="build-essential cmake pkg-config clang-format file doxygen graphviz help2man lintian
+# abigail-tools (abidw, abidiff) compares the libraries' ABI with abi/.
+packages="build-essential cmake pkg-config clang-format file doxygen graphviz help2man lintian abigail-tools
 clang libclang-rt-14-dev llvm
 qtbase5-dev qttools5-dev-tools qttranslations5-l10n
 libshp-dev libdxflib-dev libdtl-dev libproj-dev proj-data proj-bin libssl-dev

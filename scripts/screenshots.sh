@@ -84,6 +84,6 @@ done
 KAMO_SCREENSHOT_DIR=$images "$bin/GeoSysDlgTest" "chooseGeoSystem:double click on a row" >/dev/null 2>&1
 
 # The analysis result, filled from the sample project by the dialog's test.
-KAMO_SCREENSHOT_DIR=$images "$bin/DlgAnalyzeProjectTest" showResultOpensTheFilledDialog >/dev/null 2>&1
+KAMO_SCREENSHOT_DIR=$images "$bin/DlgAnalyzeProjectTest" showResultListsTheAnalysisSorted >/dev/null 2>&1
 
 echo "screenshots: written to $images"

@@ -1,13 +1,14 @@
 #include "ShapeCommand.h"
 
 #include <shapeimport/FieldAssignmentFile.h>
-#include <shapeimport/ImportBuildingFromShapeFile.h>
-#include <shapeimport/ImportDistrictsFromShapeFile.h>
-#include <shapeimport/ImportFieldManager.h>
-#include <shapeimport/ImportRouteDataFromShapeFile.h>
 #include <shapeimport/ImportSheetDataFromShapeFile.h>
 #include <shapeimport/ShapeDbFileReader.h>
 #include <shapeimport/ShapeFileReader.h>
+#include <shapeimport/ShapeImportJob.h>
+
+#include <Kamo_view/BuildingObject.h>
+#include <Kamo_view/DistrictPiece.h>
+#include <Kamo_view/RoadObject.h>
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -21,7 +22,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <memory>
 
 namespace {
 
@@ -143,6 +143,64 @@ bool readFilter(const QString& file, QMap<QString, QPainterPath>& areas)
     return true;
 }
 
+QList<QCommandLineOption> importOptions()
+{
+    const auto valued = [](const char* name, const char* value) {
+        return QCommandLineOption(QLatin1String(name), QString(), QLatin1String(value));
+    };
+    return { valued("dbf", "FILE"), valued("assign", "TARGET=COLUMN"), valued("assignments", "FILE"),
+        valued("from", "CRS"), valued("to", "CRS"), valued("filter", "FILE"),
+        QCommandLineOption(QStringLiteral("targets")), QCommandLineOption(QStringLiteral("correct-order")),
+        valued("manual", "I,J"), valued("scale", "N"), QCommandLineOption(QStringLiteral("scale-from-table")),
+        valued("page-text", "TEXT") };
+}
+
+// The import mode a kind of the command line names ("sheets", ...); -1 for
+// none.
+int importModeOf(const QString& kind)
+{
+    for (int mode = ShapeImportJob::imSheets; mode <= ShapeImportJob::imBuildings; ++mode) {
+        if (ShapeImportJob::ImportModeName(mode).toLower() == kind)
+            return mode;
+    }
+    return -1;
+}
+
+void writeResult(QTextStream& out, const ShapeImportJob& job)
+{
+    QList<QJsonObject> list;
+    switch (job.GetImportMode()) {
+    case ShapeImportJob::imRoutes:
+        for (const RoadObject& road : job.GetRoads())
+            list.append(QJsonObject { { QStringLiteral("id"), road.id }, { QStringLiteral("name"), road.name },
+                { QStringLiteral("number"), road.number }, { QStringLiteral("variant"), road.variant },
+                { QStringLiteral("lines"), ringsJson(road.lines) } });
+        return writeList(out, QStringLiteral("routes"), list);
+    case ShapeImportJob::imDistricts:
+        for (const DistrictPiece& piece : job.GetDistrictPieces())
+            list.append(QJsonObject { { QStringLiteral("number"), piece.number },
+                { QStringLiteral("plotCode"), piece.normalisedNumber },
+                { QStringLiteral("rings"), ringsJson(piece.rings) } });
+        return writeList(out, QStringLiteral("districts"), list);
+    case ShapeImportJob::imBuildings:
+        for (const BuildingObject& b : job.GetBuildings())
+            list.append(
+                QJsonObject { { QStringLiteral("id"), b.id }, { QStringLiteral("districtNumber"), b.districtNumber },
+                    { QStringLiteral("type"), b.type }, { QStringLiteral("ownerStreet"), b.ownerStreet },
+                    { QStringLiteral("ownerHouseNumber"), b.ownerHouseNumber },
+                    { QStringLiteral("ownerZipCode"), b.ownerZipCode }, { QStringLiteral("ownerTown"), b.ownerTown },
+                    { QStringLiteral("street"), b.street }, { QStringLiteral("houseNumber"), b.houseNumber },
+                    { QStringLiteral("zipCode"), b.zipCode }, { QStringLiteral("town"), b.town },
+                    { QStringLiteral("district"), b.district }, { QStringLiteral("rings"), ringsJson(b.rings) } });
+        return writeList(out, QStringLiteral("buildings"), list);
+    default: {
+        QMap<int, QMap<QString, QList<PointF>>> scales;
+        job.GetScalesMap(scales);
+        writeScales(out, scales);
+    }
+    }
+}
+
 } // namespace
 
 ShapeCommand::ShapeCommand(QTextStream& out, QTextStream& err)
@@ -243,178 +301,139 @@ int ShapeCommand::import(const QStringList& arguments)
 {
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    const QCommandLineOption dbfOption(QStringLiteral("dbf"), QString(), QStringLiteral("FILE"));
-    const QCommandLineOption assignOption(QStringLiteral("assign"), QString(), QStringLiteral("TARGET=COLUMN"));
-    const QCommandLineOption assignmentsOption(QStringLiteral("assignments"), QString(), QStringLiteral("FILE"));
-    const QCommandLineOption fromOption(QStringLiteral("from"), QString(), QStringLiteral("CRS"));
-    const QCommandLineOption toOption(QStringLiteral("to"), QString(), QStringLiteral("CRS"));
-    const QCommandLineOption filterOption(QStringLiteral("filter"), QString(), QStringLiteral("FILE"));
-    const QCommandLineOption targetsOption(QStringLiteral("targets"));
-    const QCommandLineOption correctOption(QStringLiteral("correct-order"));
-    const QCommandLineOption manualOption(QStringLiteral("manual"), QString(), QStringLiteral("I,J"));
-    const QCommandLineOption scaleOption(QStringLiteral("scale"), QString(), QStringLiteral("N"));
-    const QCommandLineOption scaleTableOption(QStringLiteral("scale-from-table"));
-    const QCommandLineOption pageTextOption(QStringLiteral("page-text"), QString(), QStringLiteral("TEXT"));
-    parser.addOptions({ dbfOption, assignOption, assignmentsOption, fromOption, toOption, filterOption, targetsOption,
-        correctOption, manualOption, scaleOption, scaleTableOption, pageTextOption });
+    parser.addOptions(importOptions());
     if (!parser.parse(arguments))
         return usageError(parser.errorText());
-
     // The parser takes "shape" for the program: import KIND FILE remain.
     const QStringList positional = parser.positionalArguments();
     const QString kind = positional.value(1);
-    std::unique_ptr<ShapeFileImporter> importer;
-    if (kind == QLatin1String("sheets"))
-        importer = std::make_unique<ImportSheetDataFromShapeFile>();
-    else if (kind == QLatin1String("routes"))
-        importer = std::make_unique<ImportRouteDataFromShapeFile>();
-    else if (kind == QLatin1String("districts"))
-        importer = std::make_unique<ImportDistrictsFromShapeFile>();
-    else if (kind == QLatin1String("buildings"))
-        importer = std::make_unique<ImportBuildingFromShapeFile>();
-    else
+    const int mode = importModeOf(kind);
+    if (mode < 0)
         return usageError(QStringLiteral("import what: sheets, routes, districts or buildings?"));
-    ImportFieldManager* fields = importer->GetImportFieldManager();
-    const QMap<int, QString>& targets = fields->GetTargetFields();
-
-    if (parser.isSet(targetsOption)) {
+    ShapeImportJob job(static_cast<ShapeImportJob::ImportMode>(mode));
+    if (parser.isSet(QStringLiteral("targets"))) {
+        const QMap<int, QString>& targets = job.GetTargetFields();
         for (auto it = targets.cbegin(); it != targets.cend(); ++it)
             out << it.key() << "\t" << it.value() << "\n";
         return Success;
     }
     if (positional.size() != 3)
         return usageError(QStringLiteral("shape import %1 takes one shape file").arg(kind));
-    const QString file = positional.at(2);
-    if (!QFileInfo::exists(file))
-        return failure(QStringLiteral("%1: no such file").arg(QDir::toNativeSeparators(file)));
-    importer->SetShapeFilename(file);
-    const QString dbFile
-        = parser.isSet(dbfOption) ? parser.value(dbfOption) : MakeShapeDbFilenameFromShapeFilename(file);
-    if (parser.isSet(dbfOption)) {
-        if (!QFileInfo::exists(dbFile))
-            return failure(QStringLiteral("%1: no such file").arg(QDir::toNativeSeparators(dbFile)));
-        importer->SetShapeDbFilename(dbFile);
-    }
-    QVector<QString> columns;
-    GetAvailableFieldNames(dbFile, columns);
 
-    if (parser.isSet(assignmentsOption)) {
+    const QString file = positional.at(2);
+    int code = chooseFiles(parser, file, job);
+    if (code == Success)
+        code = chooseAssignments(parser, kind, job);
+    if (code == Success)
+        code = chooseOptions(parser, job);
+    if (code != Success)
+        return code;
+    if (!job.Run())
+        return failure(QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), job.GetLastErrorMessage()));
+    for (const QString& warning : job.GetWarnings())
+        err << "kamo-tools: warning: " << warning << "\n";
+    err.flush();
+    writeResult(out, job);
+    return Success;
+}
+
+int ShapeCommand::chooseFiles(const QCommandLineParser& parser, const QString& file, ShapeImportJob& job)
+{
+    const QString dbFile = parser.value(QStringLiteral("dbf"));
+    for (const QString& name :
+        parser.isSet(QStringLiteral("dbf")) ? QStringList { file, dbFile } : QStringList { file }) {
+        if (!QFileInfo::exists(name))
+            return failure(QStringLiteral("%1: no such file").arg(QDir::toNativeSeparators(name)));
+    }
+    job.SetFiles(file, dbFile);
+    return Success;
+}
+
+int ShapeCommand::chooseAssignments(const QCommandLineParser& parser, const QString& kind, ShapeImportJob& job)
+{
+    // A saved file may come from another table or kind: what does not fit
+    // is named and left out.
+    if (parser.isSet(QStringLiteral("assignments"))) {
+        const QString file = parser.value(QStringLiteral("assignments"));
         QMap<QString, int> saved;
-        const FieldAssignmentFile::Status status = FieldAssignmentFile::Read(parser.value(assignmentsOption), saved);
+        const FieldAssignmentFile::Status status = FieldAssignmentFile::Read(file, saved);
         if (status != FieldAssignmentFile::Ok)
-            return failure(QStringLiteral("%1: %2").arg(
-                QDir::toNativeSeparators(parser.value(assignmentsOption)), FieldAssignmentFile::StatusText(status)));
+            return failure(
+                QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), FieldAssignmentFile::StatusText(status)));
         for (auto it = saved.cbegin(); it != saved.cend(); ++it) {
-            if (!targets.contains(it.value()))
+            const ShapeImportJob::AssignmentCheck check = job.Assign(it.value(), it.key());
+            if (check == ShapeImportJob::acUnknownTarget)
                 err << "kamo-tools: warning: " << kind << " have no target field " << it.value() << " (column "
                     << it.key() << ")\n";
-            else if (!columns.contains(it.key()))
+            else if (check == ShapeImportJob::acUnknownColumn)
                 err << "kamo-tools: warning: the attribute table has no column " << it.key() << "\n";
-            else
-                fields->SetAssignment(it.value(), it.key());
         }
     }
-    for (const QString& assignment : parser.values(assignOption)) {
+    // What the user typed must fit.
+    for (const QString& assignment : parser.values(QStringLiteral("assign"))) {
         const int equals = assignment.indexOf(QLatin1Char('='));
         const QString target = assignment.left(equals);
-        const QString column = assignment.mid(equals + 1);
         bool isNumber = false;
         int id = target.toInt(&isNumber);
         if (!isNumber)
-            id = targets.key(target, -1);
-        if (equals < 0 || !targets.contains(id))
+            id = job.GetTargetFields().key(target, -1);
+        const QString column = assignment.mid(equals + 1);
+        const ShapeImportJob::AssignmentCheck check = job.Assign(equals < 0 ? -1 : id, column);
+        if (check == ShapeImportJob::acUnknownTarget)
             return usageError(
                 QStringLiteral("'%1': no target field '%2' for %3 (see --targets)").arg(assignment, target, kind));
-        if (!columns.contains(column))
+        if (check == ShapeImportJob::acUnknownColumn)
             return usageError(QStringLiteral("'%1': the attribute table has no column '%2'").arg(assignment, column));
-        fields->SetAssignment(id, column);
     }
+    return Success;
+}
 
-    if (parser.isSet(fromOption) != parser.isSet(toOption))
+int ShapeCommand::chooseOptions(const QCommandLineParser& parser, ShapeImportJob& job)
+{
+    if (parser.isSet(QStringLiteral("from")) != parser.isSet(QStringLiteral("to")))
         return usageError(QStringLiteral("--from and --to go together"));
-    if (parser.isSet(fromOption)) {
-        const GeoSystemSettings from = GeoSystemSettings::FromDefinition(parser.value(fromOption));
-        const GeoSystemSettings to = GeoSystemSettings::FromDefinition(parser.value(toOption));
-        for (const auto& [system, option] : { std::pair { from, fromOption }, std::pair { to, toOption } }) {
+    if (parser.isSet(QStringLiteral("from"))) {
+        const GeoSystemSettings from = GeoSystemSettings::FromDefinition(parser.value(QStringLiteral("from")));
+        const GeoSystemSettings to = GeoSystemSettings::FromDefinition(parser.value(QStringLiteral("to")));
+        for (const auto& [system, option] : { std::pair { from, "from" }, std::pair { to, "to" } }) {
             if (!system.IsValid())
-                return usageError(QStringLiteral("--%1: unknown geo system '%2'")
-                                      .arg(option.names().constFirst(), system.ToString()));
+                return usageError(
+                    QStringLiteral("--%1: unknown geo system '%2'").arg(QLatin1String(option), system.ToString()));
         }
-        importer->SetGeoSystemForImportFile(from);
-        importer->SetGeoSystemForProject(to);
+        job.SetGeoSystemForImportFile(from);
+        job.SetGeoSystemForProject(to);
     }
-    if (parser.isSet(filterOption)) {
+    if (parser.isSet(QStringLiteral("filter"))) {
+        const QString filter = parser.value(QStringLiteral("filter"));
         auto areas = QSharedPointer<QMap<QString, QPainterPath>>::create();
-        if (!readFilter(parser.value(filterOption), *areas))
-            return failure(QStringLiteral("%1: not a readable shape file")
-                               .arg(QDir::toNativeSeparators(parser.value(filterOption))));
-        importer->SetGeoFilter(areas);
+        if (!readFilter(filter, *areas))
+            return failure(QStringLiteral("%1: not a readable shape file").arg(QDir::toNativeSeparators(filter)));
+        job.SetGeoFilter(areas);
     }
-    importer->SetPageAdditionalText(parser.value(pageTextOption));
-
-    QString listName;
-    QList<QJsonObject> list;
-    QMap<int, QMap<QString, QList<PointF>>> scales;
-    bool ok = false;
-    if (auto* sheets = dynamic_cast<ImportSheetDataFromShapeFile*>(importer.get())) {
-        sheets->SetCorrectVertexOrder(parser.isSet(correctOption));
-        if (parser.isSet(manualOption)) {
-            const QStringList indices = parser.value(manualOption).split(QLatin1Char(','));
-            bool ok1 = false;
-            bool ok2 = false;
-            const int first = indices.value(0).toInt(&ok1);
-            const int second = indices.value(1).toInt(&ok2);
-            if (indices.size() != 2 || !ok1 || !ok2)
-                return usageError(QStringLiteral("--manual takes two point indices, like 0,2"));
-            sheets->SetPointSelectMode(ImportSheetDataFromShapeFile::spsmManual);
-            sheets->SetIndexForPoint1(first);
-            sheets->SetIndexForPoint2(second);
-        }
-        if (parser.isSet(scaleOption)) {
-            bool isNumber = false;
-            sheets->SetFixedScale(parser.value(scaleOption).toInt(&isNumber));
-            if (!isNumber)
-                return usageError(QStringLiteral("--scale takes a number, like 2500"));
-        }
-        if (parser.isSet(scaleTableOption))
-            sheets->SetScaleImportMode(ImportSheetDataFromShapeFile::ssimFromTable);
-        ok = sheets->Execute();
-        sheets->GetScalesMap(scales);
-    } else if (auto* routes = dynamic_cast<ImportRouteDataFromShapeFile*>(importer.get())) {
-        ok = routes->Execute() && routes->GetLastErrorMessage().isEmpty();
-        listName = QStringLiteral("routes");
-        for (const RoadObject& road : routes->GetRoads())
-            list.append(QJsonObject { { QStringLiteral("id"), road.id }, { QStringLiteral("name"), road.name },
-                { QStringLiteral("number"), road.number }, { QStringLiteral("variant"), road.variant },
-                { QStringLiteral("lines"), ringsJson(road.lines) } });
-    } else if (auto* districts = dynamic_cast<ImportDistrictsFromShapeFile*>(importer.get())) {
-        ok = districts->Execute();
-        listName = QStringLiteral("districts");
-        for (const DistrictPiece& piece : districts->GetDistrictPieces())
-            list.append(QJsonObject { { QStringLiteral("number"), piece.number },
-                { QStringLiteral("plotCode"), piece.normalisedNumber },
-                { QStringLiteral("rings"), ringsJson(piece.rings) } });
-    } else if (auto* buildings = dynamic_cast<ImportBuildingFromShapeFile*>(importer.get())) {
-        ok = buildings->Execute();
-        listName = QStringLiteral("buildings");
-        for (const BuildingObject& b : buildings->GetBuildings())
-            list.append(
-                QJsonObject { { QStringLiteral("id"), b.id }, { QStringLiteral("districtNumber"), b.districtNumber },
-                    { QStringLiteral("type"), b.type }, { QStringLiteral("ownerStreet"), b.ownerStreet },
-                    { QStringLiteral("ownerHouseNumber"), b.ownerHouseNumber },
-                    { QStringLiteral("ownerZipCode"), b.ownerZipCode }, { QStringLiteral("ownerTown"), b.ownerTown },
-                    { QStringLiteral("street"), b.street }, { QStringLiteral("houseNumber"), b.houseNumber },
-                    { QStringLiteral("zipCode"), b.zipCode }, { QStringLiteral("town"), b.town },
-                    { QStringLiteral("district"), b.district }, { QStringLiteral("rings"), ringsJson(b.rings) } });
+    // The sheet options are not even read for the other kinds.
+    if (job.GetImportMode() != ShapeImportJob::imSheets)
+        return Success;
+    job.SetPageAdditionalText(parser.value(QStringLiteral("page-text")));
+    job.SetCorrectVertexOrder(parser.isSet(QStringLiteral("correct-order")));
+    if (parser.isSet(QStringLiteral("manual"))) {
+        const QStringList indices = parser.value(QStringLiteral("manual")).split(QLatin1Char(','));
+        bool ok1 = false;
+        bool ok2 = false;
+        const int first = indices.value(0).toInt(&ok1);
+        const int second = indices.value(1).toInt(&ok2);
+        if (indices.size() != 2 || !ok1 || !ok2)
+            return usageError(QStringLiteral("--manual takes two point indices, like 0,2"));
+        job.SetPointSelectMode(ImportSheetDataFromShapeFile::spsmManual);
+        job.SetIndexForPoint1(first);
+        job.SetIndexForPoint2(second);
     }
-    if (!ok)
-        return failure(QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), importer->GetLastErrorMessage()));
-    for (const QString& warning : importer->GetWarnings())
-        err << "kamo-tools: warning: " << warning << "\n";
-    err.flush();
-    if (listName.isEmpty())
-        writeScales(out, scales);
-    else
-        writeList(out, listName, list);
+    if (parser.isSet(QStringLiteral("scale"))) {
+        bool isNumber = false;
+        job.SetFixedScale(parser.value(QStringLiteral("scale")).toInt(&isNumber));
+        if (!isNumber)
+            return usageError(QStringLiteral("--scale takes a number, like 2500"));
+    }
+    if (parser.isSet(QStringLiteral("scale-from-table")))
+        job.SetScaleImportMode(ImportSheetDataFromShapeFile::ssimFromTable);
     return Success;
 }

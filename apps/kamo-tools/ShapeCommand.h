@@ -4,7 +4,9 @@
 #include <QString>
 #include <QStringList>
 
+class QCommandLineParser;
 class QTextStream;
+class ShapeImportJob;
 
 // "kamo-tools shape info FILE" and "kamo-tools shape import KIND FILE":
 // a short summary of a shape file, and an import of sheets, routes,
@@ -24,6 +26,9 @@ public:
 private:
     int info(const QString& file);
     int import(const QStringList& arguments);
+    int chooseFiles(const QCommandLineParser& parser, const QString& file, ShapeImportJob& job);
+    int chooseAssignments(const QCommandLineParser& parser, const QString& kind, ShapeImportJob& job);
+    int chooseOptions(const QCommandLineParser& parser, ShapeImportJob& job);
     int usageError(const QString& message);
     int failure(const QString& message);
 

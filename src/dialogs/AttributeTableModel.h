@@ -1,8 +1,6 @@
 #ifndef KAMO_TOOLS_ATTRIBUTETABLEMODEL_H
 #define KAMO_TOOLS_ATTRIBUTETABLEMODEL_H
 
-#include "kamo_tools_export.h"
-
 #include <QAbstractTableModel>
 #include <QString>
 #include <QStringList>
@@ -11,7 +9,7 @@
 /// The first records of a shape file's attribute table, for a glance at the
 /// columns before they are assigned. The values are read once and the file
 /// is closed again, so the table stays free for the import.
-class KAMO_TOOLS_EXPORT AttributeTableModel : public QAbstractTableModel
+class AttributeTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 

@@ -12,11 +12,6 @@ DialogDxfTools::DialogDxfTools(QWidget* parent, QSettings* settings)
 
 DialogDxfTools::~DialogDxfTools() = default;
 
-DlgDxfTools* DialogDxfTools::GetDialog() const
-{
-    return dialog;
-}
-
 void DialogDxfTools::SetDxfFilename(const QString& file)
 {
     if (dialog)

@@ -38,10 +38,6 @@ public:
     /// Shows the workbench modally; does nothing once the parent has destroyed the dialog.
     void ShowModal();
 
-    /// The dialog, for a host that wants to adjust it before ShowModal; null
-    /// once the host has destroyed the parent widget.
-    DlgDxfTools* GetDialog() const;
-
 private:
     QPointer<DlgDxfTools> dialog;
     std::shared_ptr<void> dialogOwner;

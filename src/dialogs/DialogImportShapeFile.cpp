@@ -2,19 +2,21 @@
 
 #include "dialogs/DialogOwnership.h"
 #include "dialogs/DlgShapeImport.h"
-#include "shapeimport/ImportBuildingFromShapeFile.h"
-#include "shapeimport/ImportDistrictsFromShapeFile.h"
 #include "shapeimport/ImportFieldManager.h"
-#include "shapeimport/ImportRouteDataFromShapeFile.h"
-#include "shapeimport/ImportSheetDataFromShapeFile.h"
+#include "shapeimport/ShapeImportJob.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
 #include <QMessageBox>
 #include <QProgressDialog>
-#include <QTreeWidget>
+
+static_assert(int(DialogImportShapeFile::imSheets) == ShapeImportJob::imSheets
+        && int(DialogImportShapeFile::imRoutes) == ShapeImportJob::imRoutes
+        && int(DialogImportShapeFile::imDistricts) == ShapeImportJob::imDistricts
+        && int(DialogImportShapeFile::imBuildings) == ShapeImportJob::imBuildings
+        && int(DlgShapeImport::imBuildings) == ShapeImportJob::imBuildings,
+    "the dialog's mode is handed to the import as it is");
 
 DialogImportShapeFile::DialogImportShapeFile(QWidget* parent, QSettings* settings)
     : parent(parent)
@@ -25,11 +27,6 @@ DialogImportShapeFile::DialogImportShapeFile(QWidget* parent, QSettings* setting
 }
 
 DialogImportShapeFile::~DialogImportShapeFile() = default;
-
-DlgShapeImport* DialogImportShapeFile::GetDialog() const
-{
-    return dialog;
-}
 
 void DialogImportShapeFile::SetImportMode(ImportMode mode)
 {
@@ -127,16 +124,8 @@ void DialogImportShapeFile::SaveToImportFieldManager(ImportFieldManager* manager
 {
     if (!manager || !dialog)
         return;
-    const QTreeWidget* tree = dialog->GetFieldAssignmentTree();
-    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* item = tree->topLevelItem(i);
-        const auto* choices = qobject_cast<QComboBox*>(tree->itemWidget(item, 2));
-        if (!choices || choices->currentIndex() < 0)
-            continue;
-        const int id = choices->currentData(Qt::UserRole).toInt();
-        if (id != -1)
-            manager->SetAssignment(id, item->text(0));
-    }
+    for (const auto& assignment : dialog->GetFieldAssignments())
+        manager->SetAssignment(assignment.second, assignment.first);
 }
 
 bool DialogImportShapeFile::Execute()
@@ -161,88 +150,51 @@ bool DialogImportShapeFile::Execute()
     progress.setCancelButton(nullptr);
     progress.setWindowTitle(QCoreApplication::translate("DlgShapeImport", "Shape File Import"));
     progress.setMaximum(files.size());
-    // One sheet import for all files, so that a sheet of a later file that
-    // replaces one of an earlier file is reported like one within a file.
-    ImportSheetDataFromShapeFile sheets;
+
+    ShapeImportJob job(static_cast<ShapeImportJob::ImportMode>(dialog->GetImportMode()));
+    job.SetGeoSystemForImportFile(dialog->GetGeoSystemForImportFile());
+    job.SetGeoSystemForProject(dialog->GetGeoSystemForProject());
+    if (dialog->GetUseGeoFilter())
+        job.SetGeoFilter(dialog->GetGeoFilter());
+    job.SetCorrectVertexOrder(dialog->GetCorrectVertexOrder());
+    job.SetPointSelectMode(dialog->GetPointSelectMode());
+    job.SetIndexForPoint1(dialog->GetIndexForPoint1());
+    job.SetIndexForPoint2(dialog->GetIndexForPoint2());
+    job.SetScaleImportMode(dialog->GetScaleImportMode());
+    job.SetFixedScale(dialog->GetFixedScale());
+    job.SetPageAdditionalText(dialog->GetPageAdditionalText());
+    job.SetDefaultVariant(dialog->GetDefaultVariant());
+    // Only the first file can have an attribute table chosen for it; the
+    // dialog's rows are its columns.
+    job.SetFiles(files.constFirst(), dialog->GetShapeDbFilename());
+    for (const auto& assignment : dialog->GetFieldAssignments())
+        job.Assign(assignment.second, assignment.first);
     // A file that fails does not stop the others: what they hold is the
-    // user's work as much. Only the first file can have an attribute table
-    // chosen for it.
+    // user's work as much.
     QStringList failures;
     for (int i = 0; i < files.size(); ++i) {
-        progress.setLabelText(QDir::toNativeSeparators(files.at(i)));
+        const QString file = QDir::toNativeSeparators(files.at(i));
+        progress.setLabelText(file);
         progress.setValue(i);
         QApplication::setOverrideCursor(Qt::WaitCursor);
-        if (!import(files.at(i), i == 0 ? dialog->GetShapeDbFilename() : QString(), sheets))
-            failures.append(lastError);
+        if (i > 0)
+            job.SetFiles(files.at(i));
+        const bool ok = job.Run();
         QApplication::restoreOverrideCursor();
+        for (const QString& warning : job.GetWarnings())
+            warnings.append(QCoreApplication::translate("DlgShapeImport", "%1: %2").arg(file, warning));
+        if (!ok)
+            failures.append(
+                QCoreApplication::translate("DlgShapeImport", "%1: %2").arg(file, job.GetLastErrorMessage()));
     }
-    sheets.GetScalesMap(scalesMap);
+    job.GetScalesMap(scalesMap);
+    roads = job.GetRoads();
+    districtPieces = job.GetDistrictPieces();
+    buildings = job.GetBuildings();
     progress.setValue(files.size());
     if (failures.isEmpty())
         return true;
     lastError = failures.join(QLatin1Char('\n'));
     QMessageBox::warning(parent, QCoreApplication::translate("DlgShapeImport", "Shape File Import"), lastError);
     return failures.size() < files.size();
-}
-
-bool DialogImportShapeFile::import(
-    const QString& shapeFile, const QString& dbFile, ImportSheetDataFromShapeFile& sheets)
-{
-    const auto configure = [&](ShapeFileImporter& importer) {
-        importer.SetShapeFilename(shapeFile);
-        importer.SetShapeDbFilename(dbFile);
-        importer.SetGeoSystemForImportFile(dialog->GetGeoSystemForImportFile());
-        importer.SetGeoSystemForProject(dialog->GetGeoSystemForProject());
-        importer.SetPageAdditionalText(dialog->GetPageAdditionalText());
-        if (dialog->GetUseGeoFilter())
-            importer.SetGeoFilter(dialog->GetGeoFilter());
-        SaveToImportFieldManager(importer.GetImportFieldManager());
-    };
-    const auto finish = [&](const ShapeFileImporter& importer, bool ok) {
-        for (const QString& warning : importer.GetWarnings())
-            warnings.append(QCoreApplication::translate("DlgShapeImport", "%1: %2")
-                                .arg(QDir::toNativeSeparators(shapeFile), warning));
-        if (!ok) {
-            lastError = QCoreApplication::translate("DlgShapeImport", "%1: %2")
-                            .arg(QDir::toNativeSeparators(shapeFile), importer.GetLastErrorMessage());
-        }
-        return ok;
-    };
-
-    switch (dialog->GetImportMode()) {
-    case DlgShapeImport::imRoutes: {
-        ImportRouteDataFromShapeFile importer;
-        configure(importer);
-        importer.SetDefaultVariant(dialog->GetDefaultVariant());
-        // Answers true whenever a name is set: the message tells.
-        const bool ok = importer.Execute() && importer.GetLastErrorMessage().isEmpty();
-        roads += importer.GetRoads();
-        return finish(importer, ok);
-    }
-    case DlgShapeImport::imDistricts: {
-        ImportDistrictsFromShapeFile importer;
-        configure(importer);
-        const bool ok = importer.Execute();
-        districtPieces += importer.GetDistrictPieces();
-        return finish(importer, ok);
-    }
-    case DlgShapeImport::imBuildings: {
-        ImportBuildingFromShapeFile importer;
-        configure(importer);
-        const bool ok = importer.Execute();
-        buildings += importer.GetBuildings();
-        return finish(importer, ok);
-    }
-    default: {
-        configure(sheets);
-        sheets.SetCorrectVertexOrder(dialog->GetCorrectVertexOrder());
-        sheets.SetPointSelectMode(dialog->GetPointSelectMode());
-        sheets.SetIndexForPoint1(dialog->GetIndexForPoint1());
-        sheets.SetIndexForPoint2(dialog->GetIndexForPoint2());
-        sheets.SetScaleImportMode(dialog->GetScaleImportMode());
-        sheets.SetFixedScale(dialog->GetFixedScale());
-        // Adds to the scales map of the files before.
-        return finish(sheets, sheets.Execute());
-    }
-    }
 }

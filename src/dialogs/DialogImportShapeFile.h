@@ -21,7 +21,6 @@
 
 class DlgShapeImport;
 class ImportFieldManager;
-class ImportSheetDataFromShapeFile;
 class QSettings;
 class QWidget;
 
@@ -110,13 +109,7 @@ public:
     /// What the importers reported about records they skipped or repaired, prefixed with the file name.
     QStringList GetWarnings() const { return warnings; }
 
-    /// The dialog, for a host that wants to adjust it; null once the host has
-    /// destroyed the parent widget.
-    DlgShapeImport* GetDialog() const;
-
 private:
-    bool import(const QString& shapeFile, const QString& dbFile, ImportSheetDataFromShapeFile& sheets);
-
     QWidget* parent;
     QPointer<DlgShapeImport> dialog;
     std::shared_ptr<void> dialogOwner;

@@ -76,11 +76,6 @@ DialogNodeTools::DialogNodeTools(QWidget* parent)
 
 DialogNodeTools::~DialogNodeTools() = default;
 
-DlgNodeTools* DialogNodeTools::GetDialog() const
-{
-    return dialog;
-}
-
 void DialogNodeTools::SetProjectId(const QString& id)
 {
     projectId = id;

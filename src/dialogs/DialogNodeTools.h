@@ -66,18 +66,15 @@ public:
     /// The data directory of the last run; a directory chosen in the dialog
     /// replaces the one the host set.
     const QString& GetProjectRootDir() const { return projectRootDir; }
-    /// The dialog, for a host that wants to adjust it before ShowModal; null
-    /// once the host has destroyed the parent widget.
-    DlgNodeTools* GetDialog() const;
 
 private:
     /// The tool of operation `operation` with the options of the dialog;
     /// null for an unknown operation.
-    std::unique_ptr<NodeTool> createTool(int operation, const QString& root, bool dryRun) const;
+    KAMO_TOOLS_NO_EXPORT std::unique_ptr<NodeTool> createTool(int operation, const QString& root, bool dryRun) const;
     /// Runs `tool` under a progress dialog and a wait cursor.
-    static void execute(NodeTool& tool, QWidget* progressParent);
+    KAMO_TOOLS_NO_EXPORT static void execute(NodeTool& tool, QWidget* progressParent);
     /// The dry run of the dialog's operation and the window that shows it.
-    void preview();
+    KAMO_TOOLS_NO_EXPORT void preview();
 
     QWidget* parent;
     QPointer<DlgNodeTools> dialog;

@@ -1,8 +1,6 @@
 #ifndef KAMO_TOOLS_DLGANALYZEPROJECT_H
 #define KAMO_TOOLS_DLGANALYZEPROJECT_H
 
-#include "kamo_tools_export.h"
-
 #include <QDialog>
 #include <QMap>
 #include <QString>
@@ -18,7 +16,7 @@ class DlgAnalyzeProject;
 /// and which are left over, with a way to move the left-over ones out of the
 /// data folder. Hand over the findings through the setters, call FillLists,
 /// then exec. The dialog keeps copies; the analysis keeps its own data.
-class KAMO_TOOLS_EXPORT DlgAnalyzeProject : public QDialog
+class DlgAnalyzeProject : public QDialog
 {
     Q_OBJECT
 

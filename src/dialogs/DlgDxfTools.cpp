@@ -191,7 +191,14 @@ bool DlgDxfTools::DumpDxf()
     stopDump = false;
     ui->dumpButton->setText(tr("&Stop Dump"));
     QString error;
-    const bool ok = DxfDump::DumpFile(fileName, ui->outputEdit, &error, &stopDump);
+    // A large drawing reads for a while; the listing should grow visibly,
+    // and "Stop" must get through meanwhile.
+    const auto show = [this](const QString& line) {
+        ui->outputEdit->appendPlainText(line);
+        ui->outputEdit->repaint();
+        QCoreApplication::processEvents();
+    };
+    const bool ok = DxfDump::DumpFile(fileName, show, &error, &stopDump);
     ui->dumpButton->setText(tr("&Dump DXF"));
     setBusy(false);
     if (!ok)

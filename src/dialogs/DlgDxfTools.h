@@ -2,7 +2,6 @@
 #define KAMO_TOOLS_DLGDXFTOOLS_H
 
 #include "dxf/DxfDrawing.h"
-#include "kamo_tools_export.h"
 
 #include <QDialog>
 #include <QHash>
@@ -22,7 +21,7 @@ class DlgDxfTools;
 /// the dump listing, the corner correction and the GK2 export, each reporting
 /// into the output log. The drawing lives as long as the dialog, so labels
 /// found by a correction stay for the next export.
-class KAMO_TOOLS_EXPORT DlgDxfTools : public QDialog
+class DlgDxfTools : public QDialog
 {
     Q_OBJECT
 

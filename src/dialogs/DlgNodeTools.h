@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_DLGNODETOOLS_H
 #define KAMO_TOOLS_DLGNODETOOLS_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/NodeOperationOptions.h"
 
 #include <QDialog>
@@ -26,7 +25,7 @@ class DlgNodeTools;
 /// Only the tabs the chosen operation uses are shown. The values are kept in
 /// the host's settings when the user confirms; running the operation is the
 /// business of DialogNodeTools.
-class KAMO_TOOLS_EXPORT DlgNodeTools : public QDialog
+class DlgNodeTools : public QDialog
 {
     Q_OBJECT
 

@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_DLGNODETOOLSBACKUPS_H
 #define KAMO_TOOLS_DLGNODETOOLSBACKUPS_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/NodeToolBackupCheck.h"
 #include "nodetools/NodeToolBackupInfo.h"
 
@@ -26,7 +25,7 @@ class DlgNodeToolsBackups;
 /// a slice at a time between events, the selected one first: a project with
 /// many large backups opens the list at once and can restore while the
 /// others are still being checked.
-class KAMO_TOOLS_EXPORT DlgNodeToolsBackups : public QDialog
+class DlgNodeToolsBackups : public QDialog
 {
     Q_OBJECT
 

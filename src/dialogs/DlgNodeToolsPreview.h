@@ -1,8 +1,6 @@
 #ifndef KAMO_TOOLS_DLGNODETOOLSPREVIEW_H
 #define KAMO_TOOLS_DLGNODETOOLSPREVIEW_H
 
-#include "kamo_tools_export.h"
-
 #include <QDialog>
 #include <QStringList>
 
@@ -18,7 +16,7 @@ class DlgNodeToolsPreview;
 /// selected one side by side, and the warnings the run would give.
 /// "Ausführen" accepts the dialog (the caller then runs the operation),
 /// "Schließen" rejects it.
-class KAMO_TOOLS_EXPORT DlgNodeToolsPreview : public QDialog
+class DlgNodeToolsPreview : public QDialog
 {
     Q_OBJECT
 

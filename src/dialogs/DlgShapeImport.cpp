@@ -4,13 +4,10 @@
 #include "dialogs/ShapePreviewWidget.h"
 
 #include "shapeimport/FieldAssignmentFile.h"
-#include "shapeimport/ImportBuildingFromShapeFile.h"
-#include "shapeimport/ImportDistrictsFromShapeFile.h"
-#include "shapeimport/ImportFieldManager.h"
-#include "shapeimport/ImportRouteDataFromShapeFile.h"
 #include "shapeimport/ImportSheetDataFromShapeFile.h"
 #include "shapeimport/ShapeDbFileReader.h"
 #include "shapeimport/ShapeFileReader.h"
+#include "shapeimport/ShapeImportJob.h"
 #include "ui_DlgShapeImport.h"
 
 #include <Kamo_view/GeoSysDlg.h>
@@ -29,8 +26,6 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QVBoxLayout>
-
-#include <memory>
 
 namespace {
 
@@ -52,27 +47,6 @@ const QString KeyPageAdditionalText = QStringLiteral("PageAdditionalText");
 const QString KeyDefaultVariant = QStringLiteral("DefaultVariant");
 const QString KeyFieldAssignmentFileMRU = QStringLiteral("FieldAssignmentFileMRU");
 const QString KeyAssignments = QStringLiteral("Assignments/");
-
-// The target fields an importer of `mode` reads.
-QMap<int, QString> targetFieldsOf(int mode)
-{
-    std::unique_ptr<ShapeFileImporter> importer;
-    switch (mode) {
-    case DlgShapeImport::imRoutes:
-        importer = std::make_unique<ImportRouteDataFromShapeFile>();
-        break;
-    case DlgShapeImport::imDistricts:
-        importer = std::make_unique<ImportDistrictsFromShapeFile>();
-        break;
-    case DlgShapeImport::imBuildings:
-        importer = std::make_unique<ImportBuildingFromShapeFile>();
-        break;
-    default:
-        importer = std::make_unique<ImportSheetDataFromShapeFile>();
-        break;
-    }
-    return importer->GetImportFieldManager()->GetTargetFields();
-}
 
 QComboBox* choiceList(const QTreeWidget* tree, QTreeWidgetItem* item)
 {
@@ -111,6 +85,7 @@ DlgShapeImport::DlgShapeImport(QWidget* parent)
     ui->splMain->setStretchFactor(1, 3);
 
     preview = new ShapePreviewWidget(ui->wgtMapPreview);
+    preview->setObjectName(QStringLiteral("wgtShapePreview"));
     auto* mapLayout = new QVBoxLayout(ui->wgtMapPreview);
     mapLayout->setContentsMargins(0, 0, 0, 0);
     mapLayout->addWidget(preview);
@@ -154,8 +129,7 @@ DlgShapeImport::~DlgShapeImport()
 
 QString DlgShapeImport::ImportModeName(int mode)
 {
-    static const char* const names[] = { "Sheets", "Routes", "Districts", "Buildings" };
-    return mode >= 0 && mode < 4 ? QLatin1String(names[mode]) : QString();
+    return ShapeImportJob::ImportModeName(mode);
 }
 
 void DlgShapeImport::Initialize()
@@ -437,7 +411,7 @@ QString DlgShapeImport::GetAssignmentNote() const
 
 void DlgShapeImport::OnImportModeChanged(int mode)
 {
-    targetFields = targetFieldsOf(mode);
+    targetFields = ShapeImportJob(static_cast<ShapeImportJob::ImportMode>(mode)).GetTargetFields();
     ui->gbxSheetOptions->setEnabled(mode == imSheets);
     ui->gbxRouteOptions->setEnabled(mode == imRoutes);
     loadNote.clear();
@@ -520,6 +494,7 @@ void DlgShapeImport::buildChoiceLists()
     QTreeWidget* tree = ui->twFieldAssignment;
     for (int i = 0; i < tree->topLevelItemCount(); ++i) {
         auto* choices = new QComboBox;
+        choices->setObjectName(QStringLiteral("cbxTargetField"));
         choices->addItem(tr("<Not Assigned>"), -1);
         for (auto field = targetFields.cbegin(); field != targetFields.cend(); ++field)
             choices->addItem(field.value(), field.key());
@@ -560,29 +535,29 @@ void DlgShapeImport::OnResetFieldAssignmentsClicked()
 void DlgShapeImport::applyAssignments(const QMap<QString, int>& assignments, bool report)
 {
     OnResetFieldAssignmentsClicked();
-    QStringList columns;
+    // Checked as the import checks them, against the table of the rows.
+    ShapeImportJob import(static_cast<ShapeImportJob::ImportMode>(GetImportMode()));
+    import.SetFiles(loadedShapeFile, loadedShapeDbFile);
+    QStringList missing;
     QStringList refused;
     const QTreeWidget* tree = ui->twFieldAssignment;
-    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* item = tree->topLevelItem(i);
-        columns.append(item->text(0));
-        QComboBox* choices = choiceList(tree, item);
-        const auto assignment = assignments.constFind(item->text(0));
-        if (!choices || assignment == assignments.cend())
-            continue;
-        const int index = choices->findData(assignment.value(), Qt::UserRole);
-        if (index >= 0)
-            choices->setCurrentIndex(index);
-        else
-            refused.append(tr("%1 (column %2)").arg(assignment.value()).arg(assignment.key()));
+    for (auto it = assignments.cbegin(); it != assignments.cend(); ++it) {
+        switch (import.CheckAssignment(it.value(), it.key())) {
+        case ShapeImportJob::acUnknownTarget:
+            refused.append(tr("%1 (column %2)").arg(it.value()).arg(it.key()));
+            break;
+        case ShapeImportJob::acUnknownColumn:
+            missing.append(it.key());
+            break;
+        case ShapeImportJob::acOk:
+            for (QTreeWidgetItem* item : tree->findItems(it.key(), Qt::MatchExactly)) {
+                if (QComboBox* choices = choiceList(tree, item))
+                    choices->setCurrentIndex(choices->findData(it.value()));
+            }
+        }
     }
     if (!report)
         return;
-    QStringList missing;
-    for (auto it = assignments.cbegin(); it != assignments.cend(); ++it) {
-        if (!columns.contains(it.key()))
-            missing.append(it.key());
-    }
     QStringList note;
     if (!missing.isEmpty())
         note.append(tr("Columns of the file not in this attribute table: %1.").arg(missing.join(QStringLiteral(", "))));

@@ -1,8 +1,6 @@
 #ifndef KAMO_TOOLS_DLGSHAPEIMPORT_H
 #define KAMO_TOOLS_DLGSHAPEIMPORT_H
 
-#include "kamo_tools_export.h"
-
 #include <Kamo_view/GeoSystemSettings.h>
 
 #include <QDialog>
@@ -30,7 +28,7 @@ class DlgShapeImport;
 /// importer's target fields, and the sheet and route options. Shows the
 /// first rows of the attribute table beside the assignments. Running the
 /// import is the business of DialogImportShapeFile.
-class KAMO_TOOLS_EXPORT DlgShapeImport : public QDialog
+class DlgShapeImport : public QDialog
 {
     Q_OBJECT
 

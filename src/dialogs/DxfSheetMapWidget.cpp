@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QMetaEnum>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPolygonF>
@@ -285,6 +286,31 @@ QPointF DxfSheetMapWidget::WidgetToWorld(const QPointF& point) const
 QVector<DxfSheetMapWidget::CornerLabel> DxfSheetMapWidget::GetCornerLabels() const
 {
     return cornerLabels(shownFrames());
+}
+
+QVariantList DxfSheetMapWidget::cornerLabelsProperty() const
+{
+    QVariantList labels;
+    for (const CornerLabel& label : GetCornerLabels()) {
+        labels.append(QVariantMap { { QStringLiteral("insert"), label.insert }, { QStringLiteral("text"), label.text },
+            { QStringLiteral("corner"), label.corner }, { QStringLiteral("world"), WidgetToWorld(label.corner) } });
+    }
+    return labels;
+}
+
+QVariantList DxfSheetMapWidget::framesProperty() const
+{
+    const QMetaEnum names = QMetaEnum::fromType<FrameState>();
+    QVariantList list;
+    const int count = drawing ? drawing->inserts.size() : 0;
+    for (int insert = 0; insert < count; ++insert) {
+        QVariantMap frame { { QStringLiteral("state"),
+            QString::fromLatin1(names.valueToKey(static_cast<int>(GetFrameState(insert)))) } };
+        if (frameOf(insert))
+            frame.insert(QStringLiteral("center"), GetFrameCenter(insert));
+        list.append(frame);
+    }
+    return list;
 }
 
 QSize DxfSheetMapWidget::sizeHint() const

@@ -1,12 +1,11 @@
 #ifndef KAMO_TOOLS_DXFSHEETMAPWIDGET_H
 #define KAMO_TOOLS_DXFSHEETMAPWIDGET_H
 
-#include "kamo_tools_export.h"
-
 #include <QList>
 #include <QPointF>
 #include <QRectF>
 #include <QString>
+#include <QVariantList>
 #include <QVector>
 #include <QWidget>
 
@@ -24,14 +23,37 @@ struct DxfDrawing;
 /// the export take them. Drawings of tens of thousands of sheets stay quick:
 /// frames outside the view are skipped, those of a few pixels drawn as dots,
 /// and texts only written where they fit.
-class KAMO_TOOLS_EXPORT DxfSheetMapWidget : public QWidget
+class DxfSheetMapWidget : public QWidget
 {
     Q_OBJECT
+    // Only the dialog links this class: tests and hosts that look into the
+    // dialog read the map through these. None has a change signal, since use
+    // flags and labels live in the borrowed drawing, which changes without
+    // the map being told; read them when needed.
+
+    /// The corner labels painted at the current view (GetCornerLabels()), one QVariantMap each: "insert" (int),
+    /// "text" ("TL", "TR", "BR", "BL"), "corner" (QPointF, widget coordinates) and "world" (QPointF, the same
+    /// corner in drawing coordinates).
+    Q_PROPERTY(QVariantList cornerLabels READ cornerLabelsProperty)
+    /// GetRoute() as QList<int>.
+    Q_PROPERTY(QList<int> route READ GetRoute)
+    /// GetSelectedInserts() as QList<int>.
+    Q_PROPERTY(QList<int> selectedInserts READ GetSelectedInserts)
+    /// One QVariantMap per insert, in drawing order: "state", the name of its FrameState ("NoFrame", "Used",
+    /// "Unused", "Reported"), and for an insert with a frame "center", the frame's middle (QPointF, drawing
+    /// coordinates).
+    Q_PROPERTY(QVariantList frames READ framesProperty)
+    /// GetScale(): pixels per drawing unit.
+    Q_PROPERTY(double scale READ GetScale)
+    /// The drawing point in the middle of the widget. With the scale it places every point, north up: x on screen
+    /// is width / 2 + (x - viewCenter.x) * scale, y is height / 2 - (y - viewCenter.y) * scale.
+    Q_PROPERTY(QPointF viewCenter READ viewCenterProperty)
 
 public:
     /// How an insert's frame is drawn: without frame (its block has no closed outline), used, left out, or reported by
     /// the last correction.
     enum class FrameState { NoFrame, Used, Unused, Reported };
+    Q_ENUM(FrameState)
 
     /// A corner label as painted, in widget coordinates.
     struct CornerLabel {
@@ -144,6 +166,9 @@ private:
     void paintCornerLabels(QPainter& painter, const QVector<Shown>& shown) const;
     void paintLegend(QPainter& painter) const;
     QString toolTipAt(const QPointF& point) const;
+    QVariantList cornerLabelsProperty() const;
+    QVariantList framesProperty() const;
+    QPointF viewCenterProperty() const { return center; }
 
     const DxfDrawing* drawing = nullptr;
     QVector<Frame> frames;      ///< in insert order

@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_QTPROGRESSCALLBACK_H
 #define KAMO_TOOLS_QTPROGRESSCALLBACK_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ProgressCallback.h"
 
 class QProgressDialog;
@@ -9,7 +8,7 @@ class QProgressDialog;
 /// Shows the progress of a node-tool run in a progress dialog it borrows.
 /// Events are processed only as far as the dialog itself does it (a modal
 /// progress dialog repaints on each new value).
-class KAMO_TOOLS_EXPORT QtProgressCallback : public ProgressCallback
+class QtProgressCallback : public ProgressCallback
 {
 public:
     /// Reports into \p dialog, which is borrowed and must outlive the callback.

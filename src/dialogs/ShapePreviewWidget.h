@@ -1,8 +1,6 @@
 #ifndef KAMO_TOOLS_SHAPEPREVIEWWIDGET_H
 #define KAMO_TOOLS_SHAPEPREVIEWWIDGET_H
 
-#include "kamo_tools_export.h"
-
 #include <QMap>
 #include <QPainterPath>
 #include <QPointF>
@@ -15,7 +13,7 @@
 /// A small map of a shape file's objects, so that the user sees what an
 /// import would take before running it. The geometry is read once per file;
 /// painting only transforms it to the widget's current size.
-class KAMO_TOOLS_EXPORT ShapePreviewWidget : public QWidget
+class ShapePreviewWidget : public QWidget
 {
     Q_OBJECT
 

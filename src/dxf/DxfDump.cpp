@@ -81,13 +81,6 @@ int groupCode(QLatin1String text, bool* isNumber)
     return QByteArray(text.data(), text.size()).toInt(isNumber);
 }
 
-bool readFile(const QString& path, QPlainTextEdit* output, QString* text, QString* error, const bool* stop = nullptr)
-{
-    DxfOutputCreationAdapter adapter(output, nullptr, text);
-    adapter.SetStopFlag(stop);
-    return DxfGuardedRead(path, adapter, error);
-}
-
 } // namespace
 
 QString DxfDump::CheckFile(const QString& path)
@@ -192,13 +185,19 @@ QString DxfDump::CheckFile(const QString& path)
     return QString();
 }
 
-bool DxfDump::DumpFile(const QString& path, QPlainTextEdit* output, QString* error, const bool* stop)
+bool DxfDump::DumpFile(
+    const QString& path, const std::function<void(const QString&)>& line, QString* error, const bool* stop)
 {
-    return readFile(path, output, nullptr, error, stop);
+    DxfOutputCreationAdapter adapter(line);
+    adapter.SetStopFlag(stop);
+    return DxfGuardedRead(path, adapter, error);
 }
 
 bool DxfDump::DumpFileToText(const QString& path, QString& text, QString* error)
 {
-    text.clear();
-    return readFile(path, nullptr, &text, error);
+    QStringList lines;
+    const bool read = DumpFile(
+        path, [&lines](const QString& line) { lines.append(line); }, error);
+    text = lines.join(QLatin1Char('\n'));
+    return read;
 }

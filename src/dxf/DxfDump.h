@@ -5,24 +5,23 @@
 
 #include <QString>
 
-class QObject;
-class QPlainTextEdit;
+#include <functional>
 
 /// A readable listing of the entities of a DXF file, line by line, for
 /// looking into a drawing before working with it.
 class KAMO_TOOLS_EXPORT DxfDump
 {
 public:
-    /// Appends the listing to `output` while reading (null: reads, prints
-    /// nothing), repainting and processing events per line. False, with a
-    /// reason in `error`, for a file that is missing or cannot be read
-    /// safely; the lines read before that stay printed. Once `*stop` (set by
-    /// an event handler meanwhile) is true, nothing more is printed and the
-    /// rest of the file is read quickly.
-    static bool DumpFile(const QString& path, QPlainTextEdit* output, QString* error, const bool* stop = nullptr);
+    /// Hands the listing to `line` one line at a time while reading, so that
+    /// a caller can show it growing. False, with a reason in `error`, for a
+    /// file that is missing or cannot be read safely; the lines handed over
+    /// before that stay handed over. Once `*stop` (set by the caller
+    /// meanwhile, from `line` or an event it processes there) is true,
+    /// nothing more is handed over and the rest of the file is read quickly.
+    static bool DumpFile(const QString& path, const std::function<void(const QString&)>& line, QString* error,
+        const bool* stop = nullptr);
 
-    /// The same text as `output->toPlainText()` would hold, without a widget
-    /// and without event processing.
+    /// The whole listing, its lines joined by line feeds.
     static bool DumpFileToText(const QString& path, QString& text, QString* error);
 
     /// Counts from which a reader would allocate memory, checked against the

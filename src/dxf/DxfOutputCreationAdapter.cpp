@@ -2,9 +2,6 @@
 
 #include "dxf/PrintfFixed.h"
 
-#include <QCoreApplication>
-#include <QPlainTextEdit>
-
 namespace {
 
 // The listing's "%6.3f".
@@ -15,29 +12,16 @@ QString number(double value)
 
 } // namespace
 
-DxfOutputCreationAdapter::DxfOutputCreationAdapter(QPlainTextEdit* output, QObject* context, QString* textSink)
-    : output(output)
-    , context(context)
-    , textSink(textSink)
+DxfOutputCreationAdapter::DxfOutputCreationAdapter(std::function<void(const QString&)> sink)
+    : sink(std::move(sink))
 { }
 
 void DxfOutputCreationAdapter::Print(const QString& text)
 {
     if (stop && *stop)
         return;
-    if (textSink) {
-        // appendPlainText starts a new paragraph unless the document is
-        // still empty; the sink has to read the same as the widget.
-        if (!textSink->isEmpty())
-            textSink->append(QLatin1Char('\n'));
-        textSink->append(text);
-    }
-    if (!output)
-        return;
-    output->appendPlainText(text);
-    // A large drawing reads for a while; the listing should grow visibly.
-    output->repaint();
-    QCoreApplication::processEvents();
+    if (sink)
+        sink(text);
 }
 
 void DxfOutputCreationAdapter::printAttributes()

@@ -7,8 +7,7 @@
 
 #include <QString>
 
-class QObject;
-class QPlainTextEdit;
+#include <functional>
 
 // Prints every entity dxflib reads as readable lines, for looking into a
 // drawing. It keeps no model. Internal: its base class drags dxflib's headers
@@ -16,10 +15,8 @@ class QPlainTextEdit;
 class DxfOutputCreationAdapter : public DL_CreationAdapter
 {
 public:
-    // Neither pointer is owned; a null widget prints nothing. The text sink,
-    // when given, collects the same text the widget would show, for callers
-    // without a widget.
-    DxfOutputCreationAdapter(QPlainTextEdit* output, QObject* context, QString* textSink = nullptr);
+    // Each line of the listing goes to `sink` as it is read.
+    explicit DxfOutputCreationAdapter(std::function<void(const QString&)> sink);
 
     void setVariableString(const std::string& key, const std::string& value, int code) override;
     void addLayer(const DL_LayerData& data) override;
@@ -44,9 +41,7 @@ public:
 private:
     void printAttributes();
 
-    QPlainTextEdit* output;
-    [[maybe_unused]] QObject* context; // handed in by callers, kept for them
-    QString* textSink;
+    std::function<void(const QString&)> sink;
     DxfTextDecoder decoder;
     const bool* stop = nullptr;
 };

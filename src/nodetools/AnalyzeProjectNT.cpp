@@ -1,6 +1,5 @@
 #include "nodetools/AnalyzeProjectNT.h"
 
-#include "dialogs/DlgAnalyzeProject.h"
 #include "nodetools/AnnotationFileProcessor.h"
 #include "nodetools/ProgressCallback.h"
 
@@ -96,18 +95,6 @@ void AnalyzeProjectNT::Execute()
     used.sort();
     unused.sort();
     withoutAnnotations.sort();
-}
-
-void AnalyzeProjectNT::ShowResult(QWidget* parent)
-{
-    DlgAnalyzeProject dialog(parent);
-    dialog.SetDataDirectory(projectRootDir);
-    dialog.SetFileNames(withoutAnnotations);
-    dialog.SetReferencedFiles(referenced);
-    dialog.SetUnusedAnnotationFiles(unused);
-    dialog.SetUsedAnnotationFiles(used);
-    dialog.FillLists();
-    dialog.exec();
 }
 
 QStringList AnalyzeProjectNT::MoveAnnotationFiles(

@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_CHANGEHREFPATHBLOCKPROCESSOR_H
 #define KAMO_TOOLS_CHANGEHREFPATHBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
 #include <QMap>
@@ -9,7 +8,7 @@
 /// Redirects the target paths of every HREF line through a table of old to
 /// new paths. Matching is by whole path, ignoring case only; a replaced path
 /// is written as the table holds it (lower case).
-class KAMO_TOOLS_EXPORT ChangeHREFPathBlockProcessor : public ObjectBlockProcessor
+class ChangeHREFPathBlockProcessor : public ObjectBlockProcessor
 {
 public:
     void ProcessBlock(const QStringList& block, QStringList& result) override;

@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_CHANGEHREFTYPEBLOCKPROCESSOR_H
 #define KAMO_TOOLS_CHANGEHREFTYPEBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
 #include <Kamo_view/NodeFileInfo.h>
@@ -20,7 +19,7 @@ class TargetInfo;
 /// zone whose list holds a document at the same position leads to that
 /// document, in the folder of the original path. Any other link becomes a
 /// split link with its one zone.
-class KAMO_TOOLS_EXPORT ChangeHREFTypeBlockProcessor : public ObjectBlockProcessor
+class ChangeHREFTypeBlockProcessor : public ObjectBlockProcessor
 {
 public:
     ChangeHREFTypeBlockProcessor();

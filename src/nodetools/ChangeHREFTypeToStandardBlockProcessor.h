@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_CHANGEHREFTYPETOSTANDARDBLOCKPROCESSOR_H
 #define KAMO_TOOLS_CHANGEHREFTYPETOSTANDARDBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
 #include <Kamo_view/NodeFileInfo.h>
@@ -17,7 +16,7 @@ class ProjectFileIndex;
 /// Turns the split links of the chosen objects into standard links for one
 /// zone: one standard line per target that leads somewhere in that zone. A
 /// link that leads nowhere in the zone stays split, so that no link is lost.
-class KAMO_TOOLS_EXPORT ChangeHREFTypeToStandardBlockProcessor : public ObjectBlockProcessor
+class ChangeHREFTypeToStandardBlockProcessor : public ObjectBlockProcessor
 {
 public:
     ChangeHREFTypeToStandardBlockProcessor();

@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_CHANGEPAGENUMBERBLOCKPROCESSOR_H
 #define KAMO_TOOLS_CHANGEPAGENUMBERBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
 #include <QString>
@@ -15,7 +14,7 @@ class NameFilter;
 /// Shifts the target pages of the document links of the chosen objects, in
 /// every linked zone, never below page 1. Pages that are not a plain
 /// positive number are left as written.
-class KAMO_TOOLS_EXPORT ChangePageNumberBlockProcessor : public ObjectBlockProcessor
+class ChangePageNumberBlockProcessor : public ObjectBlockProcessor
 {
 public:
     ChangePageNumberBlockProcessor();

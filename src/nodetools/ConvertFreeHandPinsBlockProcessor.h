@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_CONVERTFREEHANDPINSBLOCKPROCESSOR_H
 #define KAMO_TOOLS_CONVERTFREEHANDPINSBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
 #include <Kamo_view/PinObject.h>
@@ -13,7 +12,7 @@
 /// Appends the pins set by hand on a document's pages to its annotation file
 /// as pin objects ("TY=PIN"), each once: a pin whose id already stands in a
 /// "PIN" line of the file is left out.
-class KAMO_TOOLS_EXPORT ConvertFreeHandPinsBlockProcessor : public ObjectBlockProcessor
+class ConvertFreeHandPinsBlockProcessor : public ObjectBlockProcessor
 {
 public:
     /// Page -> the pins set on it.

@@ -1,15 +1,13 @@
 #ifndef KAMO_TOOLS_LINEDIFF_H
 #define KAMO_TOOLS_LINEDIFF_H
 
-#include "kamo_tools_export.h"
-
 #include <QStringList>
 #include <QVector>
 
 /// Lines of an old and a new text aligned for a side-by-side view: the
 /// shortest edit between them, with the lines removed and added at one place
 /// paired up as changed lines, as a reader compares them.
-class KAMO_TOOLS_EXPORT LineDiff
+class LineDiff
 {
 public:
     /// How a row pairs the texts: an equal line on both sides, a changed line, or a line on one side only.

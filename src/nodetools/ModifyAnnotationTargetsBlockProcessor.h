@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_MODIFYANNOTATIONTARGETSBLOCKPROCESSOR_H
 #define KAMO_TOOLS_MODIFYANNOTATIONTARGETSBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
 #include <QString>
@@ -14,7 +13,7 @@ class NameFilter;
 
 /// Sets the environment factor of the link targets of the chosen objects:
 /// of every target, or only of the target at one position within each link.
-class KAMO_TOOLS_EXPORT ModifyAnnotationTargetsBlockProcessor : public ObjectBlockProcessor
+class ModifyAnnotationTargetsBlockProcessor : public ObjectBlockProcessor
 {
 public:
     ModifyAnnotationTargetsBlockProcessor();

@@ -1,11 +1,10 @@
 #ifndef KAMO_TOOLS_REMOVEHREFBLOCKPROCESSOR_H
 #define KAMO_TOOLS_REMOVEHREFBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
 /// Deletes every HREF line of the objects in the chosen category.
-class KAMO_TOOLS_EXPORT RemoveHREFBlockProcessor : public ObjectBlockProcessor
+class RemoveHREFBlockProcessor : public ObjectBlockProcessor
 {
 public:
     void ProcessBlock(const QStringList& block, QStringList& result) override;

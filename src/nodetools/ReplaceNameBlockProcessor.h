@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_REPLACENAMEBLOCKPROCESSOR_H
 #define KAMO_TOOLS_REPLACENAMEBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
 #include <QHash>
@@ -12,7 +11,7 @@ class NodeInfo;
 /// Gives links the name of the node they lead to as their description: node
 /// links by the node id in their path, document links by a node that holds
 /// the linked document in one of its zones (the lowest node id first).
-class KAMO_TOOLS_EXPORT ReplaceNameBlockProcessor : public ObjectBlockProcessor
+class ReplaceNameBlockProcessor : public ObjectBlockProcessor
 {
 public:
     void ProcessBlock(const QStringList& block, QStringList& result) override;

@@ -1,7 +1,6 @@
 #ifndef KAMO_TOOLS_SETPROPERTIESBLOCKPROCESSOR_H
 #define KAMO_TOOLS_SETPROPERTIESBLOCKPROCESSOR_H
 
-#include "kamo_tools_export.h"
 #include "nodetools/AnnotationDimensionOptions.h"
 #include "nodetools/ObjectBlockProcessor.h"
 
@@ -17,7 +16,7 @@ class NameFilter;
 /// A missing name or text line is added before the object's "EO". Measures
 /// apply to rectangles only and come from the file's template rectangle,
 /// which BeginFile looks up before the first block.
-class KAMO_TOOLS_EXPORT SetPropertiesBlockProcessor : public ObjectBlockProcessor
+class SetPropertiesBlockProcessor : public ObjectBlockProcessor
 {
 public:
     SetPropertiesBlockProcessor();

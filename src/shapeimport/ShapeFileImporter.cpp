@@ -103,8 +103,10 @@ bool ShapeFileImporter::ReadObjects(
     // would miss every name with an umlaut on a UTF-8 system.
     const QByteArray shapePath = QFile::encodeName(shapeFile);
     const QByteArray dbPath = QFile::encodeName(dbFile);
-    // An importer read again must not pass on the warnings of its last file.
+    // An importer read again must not pass on the warnings or the error of
+    // its last file.
     warnings.clear();
+    lastErrorMessage.clear();
 
     dbReader->Close();
     // Without a table no attribute can be read, which is not the same as

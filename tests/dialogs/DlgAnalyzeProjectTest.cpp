@@ -1,5 +1,4 @@
 #include <Kamo_view/ProjectDescription.h>
-#include <dialogs/DlgAnalyzeProject.h>
 #include <nodetools/AnalyzeProjectNT.h>
 
 #include <QApplication>
@@ -9,6 +8,7 @@
 #include <QFileDialog>
 #include <QPointer>
 #include <QPushButton>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -30,7 +30,8 @@ public:
     {
         QObject::connect(&timer, &QTimer::timeout, [this, answer] {
             QWidget* modal = QApplication::activeModalWidget();
-            if (!modal)
+            // A widget whose answer opens another is not stuck meanwhile.
+            if (!modal || busy.contains(modal))
                 return;
             if (answered.contains(modal)) {
                 ignored.append(modal->metaObject()->className());
@@ -40,7 +41,11 @@ public:
             answered.append(modal);
             // Answered from a timer of its own: this one does not fire again
             // while its handler runs, and the answer may open a message.
-            QTimer::singleShot(0, modal, [modal, answer] { answer(modal); });
+            QTimer::singleShot(0, modal, [this, modal, answer] {
+                busy.insert(modal);
+                answer(modal);
+                busy.remove(modal);
+            });
         });
         timer.start(10);
     }
@@ -50,6 +55,7 @@ public:
 private:
     QTimer timer;
     QList<QPointer<QWidget>> answered;
+    QSet<QWidget*> busy;
     QStringList ignored;
 };
 
@@ -86,17 +92,38 @@ QStringList contents(const QString& dir)
     return result;
 }
 
-// Creates the "folder/" and "file=content" entries of contents() below `dir`.
-void create(const QString& dir, const QStringList& entries)
-{
-    for (const QString& entry : entries) {
-        const QString path = dir + '/' + entry.section('=', 0, 0);
-        QDir().mkpath(entry.endsWith('/') ? path : QFileInfo(path).path());
-        QFile file(path);
-        if (!entry.endsWith('/') && file.open(QIODevice::WriteOnly))
-            file.write(entry.section('=', 1).toUtf8());
+// A project whose one node files `documents`, with the "folder/" and
+// "file=content" entries of contents() in its data folder, analysed.
+struct AnalysedProject {
+    AnalysedProject(const QStringList& documents, const QStringList& entries)
+    {
+        for (const QString& entry : entries) {
+            const QString path = Data() + '/' + entry.section('=', 0, 0);
+            QDir().mkpath(entry.endsWith('/') ? path : QFileInfo(path).path());
+            QFile file(path);
+            if (!entry.endsWith('/') && file.open(QIODevice::WriteOnly))
+                file.write(entry.section('=', 1).toUtf8());
+        }
+        QDir().mkpath(Data());
+        QFile json(root.filePath("Projekt.json"));
+        json.open(QIODevice::WriteOnly);
+        // moc reads this file too, and not raw string literals.
+        json.write("{\"Version\": 1, \"Id\": \"P\", \"Name\": \"P\", \"Nodes\": [{\"Id\": 1, \"Name\": \"N\", "
+                   "\"Documents\": {\"1\": [\""
+            + documents.join("\", \"").toUtf8() + "\"]}}]}");
+        json.close();
+        QVERIFY2(description.Load(root.path()), qPrintable(description.ErrorString()));
+        analysis.SetProjectRootDir(root.path());
+        analysis.SetNodesMap(&description.Nodes());
+        analysis.SetFilesMap(&description.Files());
+        analysis.Execute();
     }
-}
+    QString Data() const { return root.path() + "/Daten"; }
+
+    QTemporaryDir root;
+    ProjectDescription description;
+    AnalyzeProjectNT analysis;
+};
 
 } // namespace
 
@@ -105,137 +132,114 @@ class DlgAnalyzeProjectTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void fillsSortedListsAndClearsThemOnRefill();
+    void showResultListsTheAnalysisSorted();
     void moveUnusedFiles_data();
     void moveUnusedFiles();
-    void showResultOpensTheFilledDialog();
 };
 
-void DlgAnalyzeProjectTest::fillsSortedListsAndClearsThemOnRefill()
+// With KAMO_SCREENSHOT_DIR set, the dialog the sample's analysis opens is
+// saved there as a picture.
+void DlgAnalyzeProjectTest::showResultListsTheAnalysisSorted()
 {
-    DlgAnalyzeProject dialog;
-    dialog.SetReferencedFiles({ { "C:\\PDF\\b.pdf", "b.ann" }, { "C:\\PDF\\a.b.pdf", "a.bpdf.ann" } });
-    dialog.SetUnusedAnnotationFiles({ "b.ann", "alt/c.ann", "a.ann" });
-    dialog.SetUsedAnnotationFiles({ "y.ann", "x.ann" });
-    dialog.FillLists();
+    AnalysedProject project({ "b.pdf", "a.b.pdf", "fehlt.pdf" }, { "b.ann=", "a.bpdf.ann=", "z.ann=", "alt/c.ann=" });
+    QWidget parent;
+    QWidget* shownParent = nullptr;
+    QStringList used;
+    QStringList unused;
+    ModalAnswerer answerer([&](QWidget* modal) {
+        shownParent = modal->parentWidget();
+        used = rows(modal->findChild<QTreeWidget*>("treeUsedFiles"));
+        unused = rows(modal->findChild<QTreeWidget*>("treeUnusedAnnotationFiles"));
+        modal->findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Close)->click();
+    });
+    project.analysis.ShowResult(&parent);
+    QCOMPARE(shownParent, &parent);
+    QCOMPARE(used, (QStringList { "a.b.pdf | a.bpdf.ann", "b.pdf | b.ann" }));
+    QCOMPARE(unused, (QStringList { "alt/c.ann", "z.ann" }));
 
-    const auto* usedFiles = dialog.findChild<QTreeWidget*>("treeUsedFiles");
-    const auto* used = dialog.findChild<QTreeWidget*>("treeUsedAnnotationFiles");
-    const auto* unused = dialog.findChild<QTreeWidget*>("treeUnusedAnnotationFiles");
-    QCOMPARE(rows(usedFiles), (QStringList { "C:\\PDF\\a.b.pdf | a.bpdf.ann", "C:\\PDF\\b.pdf | b.ann" }));
-    QCOMPARE(rows(used), (QStringList { "x.ann", "y.ann" }));
-    QCOMPARE(rows(unused), (QStringList { "a.ann", "alt/c.ann", "b.ann" }));
-
-    dialog.SetReferencedFiles({});
-    dialog.SetUnusedAnnotationFiles({});
-    dialog.SetUsedAnnotationFiles({});
-    dialog.FillLists();
-    QCOMPARE(usedFiles->topLevelItemCount() + used->topLevelItemCount() + unused->topLevelItemCount(), 0);
+    const QString screenshots = qEnvironmentVariable("KAMO_SCREENSHOT_DIR");
+    if (screenshots.isEmpty())
+        return;
+    ProjectDescription sample;
+    QVERIFY(sample.Load(KAMO_SAMPLE_DIR));
+    AnalyzeProjectNT analysis;
+    analysis.SetProjectRootDir(KAMO_SAMPLE_DIR);
+    analysis.SetNodesMap(&sample.Nodes());
+    analysis.SetFilesMap(&sample.Files());
+    analysis.Execute();
+    ModalAnswerer shooter([&](QWidget* modal) {
+        modal->grab().save(screenshots + "/dlg-analyze-project.png");
+        modal->findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Close)->click();
+    });
+    analysis.ShowResult(&parent);
 }
 
 void DlgAnalyzeProjectTest::moveUnusedFiles_data()
 {
-    QTest::addColumn<QStringList>("before"); // below "Daten"
-    QTest::addColumn<QStringList>("unused");
+    QTest::addColumn<QStringList>("before"); // below "Daten"; b.ann is used
+    QTest::addColumn<QString>("vanishing");  // unused, but gone before the move
     QTest::addColumn<int>("choice");
     QTest::addColumn<int>("clicks");
     QTest::addColumn<QStringList>("after");
 
-    const QStringList a { "a.ann" };
-    QTest::newRow("moved, missing source skipped")
-        << QStringList { "a.ann=a", "b.ann=b" } << QStringList { "weg.ann", "a.ann" } << int(DefaultTarget) << 1
+    QTest::newRow("moved, vanished source skipped")
+        << QStringList { "a.ann=a", "b.ann=b", "weg.ann=w" } << "weg.ann" << int(DefaultTarget) << 1
         << QStringList { "ann_obsolet/", "ann_obsolet/a.ann=a", "b.ann=b" };
-    QTest::newRow("second click finds nothing") << QStringList { "a.ann=a" } << a << int(DefaultTarget) << 2
+    QTest::newRow("second click finds nothing") << QStringList { "a.ann=a" } << QString() << int(DefaultTarget) << 2
                                                 << QStringList { "ann_obsolet/", "ann_obsolet/a.ann=a" };
-    QTest::newRow("subfolder missing in target")
-        << QStringList { "alt/c.ann=c" } << QStringList { "alt/c.ann" } << int(DefaultTarget) << 1
-        << QStringList { "alt/", "alt/c.ann=c", "ann_obsolet/" };
+    QTest::newRow("subfolder missing in target") << QStringList { "alt/c.ann=c" } << QString() << int(DefaultTarget)
+                                                 << 1 << QStringList { "alt/", "alt/c.ann=c", "ann_obsolet/" };
     QTest::newRow("subfolder present in target")
-        << QStringList { "alt/c.ann=c", "ann_obsolet/alt/" } << QStringList { "alt/c.ann" } << int(DefaultTarget) << 1
+        << QStringList { "alt/c.ann=c", "ann_obsolet/alt/" } << QString() << int(DefaultTarget) << 1
         << QStringList { "alt/", "ann_obsolet/", "ann_obsolet/alt/", "ann_obsolet/alt/c.ann=c" };
-    QTest::newRow("already in target") << QStringList { "a.ann=neu", "ann_obsolet/a.ann=alt" } << a
+    QTest::newRow("already in target") << QStringList { "a.ann=neu", "ann_obsolet/a.ann=alt" } << QString()
                                        << int(DefaultTarget) << 1
                                        << QStringList { "a.ann=neu", "ann_obsolet/", "ann_obsolet/a.ann=alt" };
-    QTest::newRow("cancelled") << QStringList { "a.ann=a" } << a << int(Cancel) << 1
+    QTest::newRow("cancelled") << QStringList { "a.ann=a" } << QString() << int(Cancel) << 1
                                << QStringList { "a.ann=a", "ann_obsolet/" };
-    QTest::newRow("data folder chosen") << QStringList { "a.ann=a", "alt/c.ann=c" }
-                                        << QStringList { "a.ann", "alt/c.ann" } << int(DataFolder) << 1
+    QTest::newRow("data folder chosen") << QStringList { "a.ann=a", "alt/c.ann=c" } << QString() << int(DataFolder) << 1
                                         << QStringList { "a.ann=a", "alt/", "alt/c.ann=c", "ann_obsolet/" };
-    QTest::newRow("nothing unused") << QStringList() << QStringList() << int(DefaultTarget) << 1
+    QTest::newRow("nothing unused") << QStringList() << QString() << int(DefaultTarget) << 1
                                     << QStringList { "ann_obsolet/" };
 }
 
 void DlgAnalyzeProjectTest::moveUnusedFiles()
 {
     QFETCH(QStringList, before);
-    QFETCH(QStringList, unused);
+    QFETCH(QString, vanishing);
     QFETCH(int, choice);
     QFETCH(int, clicks);
     QFETCH(QStringList, after);
+    AnalysedProject project({ "b.pdf" }, before);
+    const QString data = project.Data();
+    if (!vanishing.isEmpty())
+        QVERIFY(QFile::remove(data + '/' + vanishing));
 
-    QTemporaryDir root;
-    const QString data = root.path() + "/Daten";
-    QVERIFY(QDir().mkpath(data));
-    create(data, before);
-
-    DlgAnalyzeProject dialog;
-    dialog.SetDataDirectory(root.path());
-    dialog.SetUnusedAnnotationFiles(unused);
-    dialog.FillLists();
-
+    int listed = -1;
     ModalAnswerer answerer([&](QWidget* modal) {
-        auto* chooser = qobject_cast<QFileDialog*>(modal);
-        QVERIFY(chooser);
-        QCOMPARE(chooser->directory().absolutePath(), data + "/ann_obsolet");
-        if (choice == Cancel) {
-            chooser->reject();
+        if (auto* chooser = qobject_cast<QFileDialog*>(modal)) {
+            QCOMPARE(chooser->directory().absolutePath(), data + "/ann_obsolet");
+            if (choice == Cancel) {
+                chooser->reject();
+                return;
+            }
+            if (choice == DataFolder)
+                chooser->setDirectory(data);
+            // QFileDialog hides the accept it overrides.
+            static_cast<QDialog*>(chooser)->accept();
             return;
         }
-        if (choice == DataFolder)
-            chooser->setDirectory(data);
-        // QFileDialog hides the accept it overrides.
-        static_cast<QDialog*>(chooser)->accept();
+        for (int i = 0; i < clicks; ++i)
+            modal->findChild<QPushButton*>("btnMoveUnusedAnnotationFiles")->click();
+        // The list is not refreshed after a move.
+        listed = modal->findChild<QTreeWidget*>("treeUnusedAnnotationFiles")->topLevelItemCount();
+        modal->close();
     });
-    for (int i = 0; i < clicks; ++i)
-        dialog.findChild<QPushButton*>("btnMoveUnusedAnnotationFiles")->click();
+    project.analysis.ShowResult(nullptr);
 
     QCOMPARE(answerer.Ignored(), QStringList()); // no message, no stuck chooser
     QCOMPARE(contents(data), after);
-    // The list is not refreshed after a move.
-    QCOMPARE(rows(dialog.findChild<QTreeWidget*>("treeUnusedAnnotationFiles")).size(), unused.size());
-}
-
-// Analyses the sample project and looks at the dialog the analysis opens.
-// With KAMO_SCREENSHOT_DIR set, the dialog is saved there as a picture.
-void DlgAnalyzeProjectTest::showResultOpensTheFilledDialog()
-{
-    ProjectDescription description;
-    QVERIFY2(description.Load(KAMO_SAMPLE_DIR), qPrintable(description.ErrorString()));
-    AnalyzeProjectNT analysis;
-    analysis.SetProjectRootDir(KAMO_SAMPLE_DIR);
-    analysis.SetNodesMap(&description.Nodes());
-    analysis.SetFilesMap(&description.Files());
-    analysis.Execute();
-    QVERIFY(!analysis.GetUnusedAnnotationFiles().isEmpty());
-
-    QWidget parent;
-    QWidget* shownParent = nullptr;
-    int usedFiles = -1;
-    int unused = -1;
-    ModalAnswerer answerer([&](QWidget* modal) {
-        shownParent = modal->parentWidget();
-        usedFiles = modal->findChild<QTreeWidget*>("treeUsedFiles")->topLevelItemCount();
-        unused = modal->findChild<QTreeWidget*>("treeUnusedAnnotationFiles")->topLevelItemCount();
-        const QString screenshots = qEnvironmentVariable("KAMO_SCREENSHOT_DIR");
-        if (!screenshots.isEmpty())
-            modal->grab().save(screenshots + "/dlg-analyze-project.png");
-        modal->findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Close)->click();
-    });
-    analysis.ShowResult(&parent);
-
-    QCOMPARE(shownParent, &parent);
-    QCOMPARE(usedFiles, analysis.GetReferencedFiles().size());
-    QCOMPARE(unused, analysis.GetUnusedAnnotationFiles().size());
+    QCOMPARE(listed, project.analysis.GetUnusedAnnotationFiles().size());
 }
 
 QTEST_MAIN(DlgAnalyzeProjectTest)

@@ -2,17 +2,18 @@
 #include "TestProject.h"
 
 #include <dialogs/DialogNodeTools.h>
-#include <dialogs/DlgNodeTools.h>
-#include <dialogs/DlgNodeToolsBackups.h>
 #include <nodetools/NodeToolBackup.h>
 
 #include <Kamo_view/CheckableTree.h>
+#include <Kamo_view/ItemInfo.h>
 #include <Kamo_view/NodeFileInfo.h>
 #include <Kamo_view/NodeInfo.h>
 #include <Kamo_view/TreeWidget.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -76,17 +77,36 @@ struct Host {
     QSettings settings;
 };
 
+void pressOk(QWidget* dialog)
+{
+    child<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok)->click();
+}
+
 // Chooses `operation`, checks every node and confirms.
 ModalDriver::Handler confirm(int operation, std::function<void(QWidget*)> adjust = {})
 {
-    return [operation, adjust](QWidget* window) {
-        auto* dialog = static_cast<DlgNodeTools*>(window);
+    return [operation, adjust](QWidget* dialog) {
         child<QComboBox>(dialog, "cbxNodeOperationSelect")->setCurrentIndex(operation);
-        dialog->GetNodeTree()->SetAllChecked(true);
+        child<QPushButton>(dialog, "btnCheckAllNodes")->click();
         if (adjust)
             adjust(dialog);
-        dialog->OnAccepted();
+        pressOk(dialog);
     };
+}
+
+// Opens the dialog through the facade, lets `look` see it and closes it
+// with Cancel.
+void look(Host& host, const std::function<void(QWidget*)>& look, const QString& root = QString())
+{
+    ModalDriver driver;
+    driver.Expect("DlgNodeTools", [&look](QWidget* dialog) {
+        look(dialog);
+        static_cast<QDialog*>(dialog)->reject();
+    });
+    DialogNodeTools tools(nullptr);
+    host.Setup(tools, root.isEmpty() ? host.project.Root() : root);
+    tools.ShowModal();
+    QCOMPARE(driver.Seen(), QStringList { "DlgNodeTools" });
 }
 
 ModalDriver::Handler readBox(QString* title, QString* text)
@@ -109,8 +129,7 @@ private Q_SLOTS:
     void tabsFollowTheOperation_data();
     void tabsFollowTheOperation();
     void valuesAreSavedOnOkOnlyAndRestored();
-    void pathMapFileIsReadFirstLineWinning_data();
-    void pathMapFileIsReadFirstLineWinning();
+    void pathMapPreviewShowsTheLinesAsWritten();
     void typedDataDirectoryIsUsedAndRedWhenMissing();
     void showModalRunsTheOperationAndShowsTheChangedCount();
     void showModalStopsBeforeTheRun_data();
@@ -144,107 +163,99 @@ void DlgNodeToolsTest::tabsFollowTheOperation()
 {
     QFETCH(int, operation);
     QFETCH(QStringList, titles);
-    DlgNodeTools dialog;
-    // From another operation, so that every switch rebuilds the tabs.
-    child<QComboBox>(&dialog, "cbxNodeOperationSelect")->setCurrentIndex(operation == 3 ? 2 : 3);
-    child<QComboBox>(&dialog, "cbxNodeOperationSelect")->setCurrentIndex(operation);
-    QCOMPARE(tabTitles(&dialog), titles);
+    Host host;
+    look(host, [operation, &titles](QWidget* dialog) {
+        // From another operation, so that every switch rebuilds the tabs.
+        child<QComboBox>(dialog, "cbxNodeOperationSelect")->setCurrentIndex(operation == 3 ? 2 : 3);
+        child<QComboBox>(dialog, "cbxNodeOperationSelect")->setCurrentIndex(operation);
+        QCOMPARE(tabTitles(dialog), titles);
+    });
 }
 
 void DlgNodeToolsTest::valuesAreSavedOnOkOnlyAndRestored()
 {
     Host host;
-    const auto open = [&host](DlgNodeTools& dialog) {
-        dialog.SetProjectId("P-1");
-        dialog.SetSourceTree(&host.tree);
-        dialog.SetSettings(&host.settings);
-        dialog.Initialize();
+    const auto change = [](QWidget* dialog) {
+        child<QComboBox>(dialog, "cbxNodeOperationSelect")->setCurrentIndex(9);
+        child<QGroupBox>(dialog, "gbxFilterByAnnotationCategory")->setChecked(true);
+        child<QLineEdit>(dialog, "edtCategoryFilter")->setText("Kanal");
+        child<QLineEdit>(dialog, "edtlAnnModifyTargetFilterTargetIndex")->setText("7");
+        child<QLineEdit>(dialog, "edtAnnModifyTargetsEnvFactor")->setText("2.5");
+        child<QPushButton>(dialog, "btnCheckAllNodes")->click();
     };
-    const auto change = [](DlgNodeTools& dialog) {
-        child<QComboBox>(&dialog, "cbxNodeOperationSelect")->setCurrentIndex(9);
-        child<QGroupBox>(&dialog, "gbxFilterByAnnotationCategory")->setChecked(true);
-        child<QLineEdit>(&dialog, "edtCategoryFilter")->setText("Kanal");
-        child<QLineEdit>(&dialog, "edtlAnnModifyTargetFilterTargetIndex")->setText("7");
-        child<QLineEdit>(&dialog, "edtAnnModifyTargetsEnvFactor")->setText("2.5");
-        dialog.GetNodeTree()->SetAllChecked(true);
-    };
-    {
-        DlgNodeTools dialog;
-        open(dialog);
-        change(dialog);
-        dialog.OnRejected();
-    }
+    look(host, change);
     // Cancel left only the geometry behind, which every closing writes.
     QCOMPARE(host.settings.allKeys(), QStringList { "NodeToolsDialog/NodeToolsDlg_geometry" });
     {
-        DlgNodeTools dialog;
-        open(dialog);
-        change(dialog);
-        dialog.OnAccepted();
+        ModalDriver driver;
+        driver.Expect("DlgNodeTools", [&change](QWidget* dialog) {
+            change(dialog);
+            child<QCheckBox>(dialog, "chkbDoBackup")->setChecked(false);
+            pressOk(dialog);
+        });
+        driver.Expect("QMessageBox", [](QWidget* box) { static_cast<QDialog*>(box)->accept(); });
+        DialogNodeTools tools(nullptr);
+        host.Setup(tools, host.project.Root());
+        tools.ShowModal();
     }
     QCOMPARE(host.settings.value("NodeToolsDialog/LastOperationIndex").toInt(), 9);
     QCOMPARE(host.settings.value("NodeToolsDialog/CTPTargetFilterIndex").toUInt(), 7u);
     QCOMPARE(host.settings.value("NodeToolsDialog/CTPTargetEnvFactor").toFloat(), 2.5f);
 
-    DlgNodeTools dialog;
-    open(dialog);
-    QCOMPARE(tabTitles(&dialog).size(), 3);
-    QVERIFY(child<QGroupBox>(&dialog, "gbxFilterByAnnotationCategory")->isChecked());
-    QCOMPARE(dialog.GetOperationOptions().categoryFilter, "Kanal");
-    QCOMPARE(dialog.GetOperationOptions().targetIndex, 7u);
-    QCOMPARE(child<QLineEdit>(&dialog, "edtAnnModifyTargetsEnvFactor")->text(), "2.5");
-    QCOMPARE(dialog.GetFilesOfCheckedNodes(), QStringList { "C:\\Projekte\\PDF\\Plan.pdf" });
+    look(host, [](QWidget* dialog) {
+        QCOMPARE(tabTitles(dialog).size(), 3);
+        QVERIFY(child<QGroupBox>(dialog, "gbxFilterByAnnotationCategory")->isChecked());
+        QCOMPARE(child<QLineEdit>(dialog, "edtCategoryFilter")->text(), "Kanal");
+        QCOMPARE(child<QLineEdit>(dialog, "edtlAnnModifyTargetFilterTargetIndex")->text(), "7");
+        QCOMPARE(child<QLineEdit>(dialog, "edtAnnModifyTargetsEnvFactor")->text(), "2.5");
+        QList<ItemInfo*> checked;
+        child<CheckableTree>(dialog, "CheckableTree")->GetCheckedItems(checked);
+        QCOMPARE(checked.size(), 1);
+        QCOMPARE(checked.first()->Name(), "Kanal Nord");
+    });
 }
 
-void DlgNodeToolsTest::pathMapFileIsReadFirstLineWinning_data()
+// The map itself is read as the engine reads it; the preview shows the
+// lines as written, duplicates and case included.
+void DlgNodeToolsTest::pathMapPreviewShowsTheLinesAsWritten()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<int>("previewRows");
-    QTest::addColumn<QStringList>("pairs"); // key, value, key, value, ...
-    QTest::newRow("two lines") << QByteArray("C:\\A\\P1.PDF,C:\\B\\P1.PDF\r\nC:\\A\\P2.pdf,D:\\p2.pdf\r\n") << 2
-                               << QStringList { "c:\\a\\p1.pdf", "c:\\b\\p1.pdf", "c:\\a\\p2.pdf", "d:\\p2.pdf" };
-    QTest::newRow("third field ignored") << QByteArray("a,b,c\n") << 1 << QStringList { "a", "b" };
-    QTest::newRow("line without comma") << QByteArray("a\nb,c\n") << 1 << QStringList { "b", "c" };
-    QTest::newRow("first line for a path wins") << QByteArray("A,x\na,y\n") << 2 << QStringList { "a", "x" };
-    QTest::newRow("empty new path") << QByteArray("a,\n") << 1 << QStringList { "a", "" };
-}
-
-void DlgNodeToolsTest::pathMapFileIsReadFirstLineWinning()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(int, previewRows);
-    QFETCH(QStringList, pairs);
-    TestProject project;
-    project.Write("map.csv", content);
-    DlgNodeTools dialog;
-    child<QComboBox>(&dialog, "cbxNodeOperationSelect")->setCurrentIndex(5);
-    child<QLineEdit>(&dialog, "edtHREFReplacePathMapFile")
-        ->setText(QDir::toNativeSeparators(project.DataPath("map.csv")));
-    child<QTabWidget>(&dialog, "tabOptions")->setCurrentIndex(1);
-
-    QCOMPARE(child<QTreeWidget>(&dialog, "treeHREFReplacePathPreview")->topLevelItemCount(), previewRows);
-    QMap<QString, QString> expected;
-    for (int i = 0; i + 1 < pairs.size(); i += 2)
-        expected.insert(pairs.at(i), pairs.at(i + 1));
-    QCOMPARE(dialog.GetOperationOptions().pathMap, expected);
+    Host host;
+    host.project.Write("map.csv", "C:\\A\\P1.PDF,C:\\B\\P1.PDF\r\nohne Komma\nA,x,y\na,z\n");
+    look(host, [&host](QWidget* dialog) {
+        child<QComboBox>(dialog, "cbxNodeOperationSelect")->setCurrentIndex(5);
+        child<QLineEdit>(dialog, "edtHREFReplacePathMapFile")
+            ->setText(QDir::toNativeSeparators(host.project.DataPath("map.csv")));
+        child<QTabWidget>(dialog, "tabOptions")->setCurrentIndex(1);
+        auto* preview = child<QTreeWidget>(dialog, "treeHREFReplacePathPreview");
+        QStringList rows;
+        for (int i = 0; i < preview->topLevelItemCount(); ++i)
+            rows.append(preview->topLevelItem(i)->text(0) + " -> " + preview->topLevelItem(i)->text(1));
+        QCOMPARE(rows, (QStringList { "C:\\A\\P1.PDF -> C:\\B\\P1.PDF", "A -> x", "a -> z" }));
+    });
 }
 
 void DlgNodeToolsTest::typedDataDirectoryIsUsedAndRedWhenMissing()
 {
-    TestProject project;
-    DlgNodeTools dialog;
-    dialog.SetDataDirectory(project.Root());
-    dialog.ShowProjectData();
-    auto* field = child<QLineEdit>(&dialog, "edtProjectRootDir");
-    const QColor normal = field->palette().color(QPalette::Text);
-    QVERIFY(normal != QColor(Qt::red));
-
-    field->selectAll();
-    QTest::keyClicks(field, project.Root() + "/Dat");
-    QCOMPARE(field->palette().color(QPalette::Text), QColor(Qt::red));
-    QTest::keyClicks(field, "en");
-    QCOMPARE(field->palette().color(QPalette::Text), normal);
-    QCOMPARE(dialog.GetDataDirectory(), project.DataDir());
+    Host host;
+    ModalDriver driver;
+    driver.Expect("DlgNodeTools", [&host](QWidget* dialog) {
+        auto* field = child<QLineEdit>(dialog, "edtProjectRootDir");
+        const QColor normal = field->palette().color(QPalette::Text);
+        QVERIFY(normal != QColor(Qt::red));
+        field->selectAll();
+        QTest::keyClicks(field, host.project.Root() + "/Dat");
+        QCOMPARE(field->palette().color(QPalette::Text), QColor(Qt::red));
+        QTest::keyClicks(field, "en");
+        QCOMPARE(field->palette().color(QPalette::Text), normal);
+        child<QComboBox>(dialog, "cbxNodeOperationSelect")->setCurrentIndex(1);
+        child<QCheckBox>(dialog, "chkbDoBackup")->setChecked(false);
+        pressOk(dialog);
+    });
+    driver.Expect("QMessageBox", [](QWidget* box) { static_cast<QDialog*>(box)->accept(); });
+    DialogNodeTools tools(nullptr);
+    host.Setup(tools, host.project.Root());
+    tools.ShowModal();
+    QCOMPARE(tools.GetProjectRootDir(), host.project.DataDir());
 }
 
 void DlgNodeToolsTest::showModalRunsTheOperationAndShowsTheChangedCount()
@@ -361,13 +372,12 @@ void DlgNodeToolsTest::previewWritesNothingAndListsWhatTheRunChanges()
     QString text;
     QString notice;
     ModalDriver driver;
-    driver.Expect("DlgNodeTools", [&](QWidget* window) {
-        auto* dialog = static_cast<DlgNodeTools*>(window);
+    driver.Expect("DlgNodeTools", [&](QWidget* dialog) {
         auto* operations = child<QComboBox>(dialog, "cbxNodeOperationSelect");
         operations->setCurrentIndex(7);
         analysisPreviewable = child<QPushButton>(dialog, "btnPreview")->isEnabled();
         operations->setCurrentIndex(1);
-        dialog->GetNodeTree()->SetAllChecked(true);
+        child<QPushButton>(dialog, "btnCheckAllNodes")->click();
         QTimer::singleShot(0, child<QPushButton>(dialog, "btnPreview"), &QPushButton::click);
     });
     driver.Expect("DlgNodeToolsPreview", [&](QWidget* preview) {
@@ -442,7 +452,8 @@ void DlgNodeToolsTest::restoreFromTheBackupListChecksTheBackup()
     QFETCH(QString, state);
     QFETCH(QString, question);
     QFETCH(QString, report);
-    TestProject project;
+    Host host;
+    TestProject& project = host.project;
     project.Write("Plan.ann", "vorher");
     project.Write("Text.ann", "vorher");
     NodeToolBackup backup;
@@ -458,20 +469,42 @@ void DlgNodeToolsTest::restoreFromTheBackupListChecksTheBackup()
     QVERIFY(QDir(project.DataDir()).mkpath("ann_sic/kaputt"));
     project.Write("ann_sic/01.01.2020 10.00.00", "a file where a backup folder should be");
 
-    DlgNodeToolsBackups list;
-    list.SetProject(project.Root(), { "Bezeichnungen abgleichen", "HREF: In Objekten entfernen" });
-    auto* backups = child<QTreeWidget>(&list, "treeBackups");
-    QCOMPARE(backups->topLevelItemCount(), 3);
-    QCOMPARE(backups->topLevelItem(0)->text(2), "HREF: In Objekten entfernen");
-    QCOMPARE(backups->topLevelItem(2)->text(0), "kaputt (kein Zeitstempel)");
-    QTRY_VERIFY(list.ChecksDone());
-    QCOMPARE(backups->topLevelItem(0)->text(1), state);
-    QCOMPARE(backups->topLevelItem(1)->text(1), "beschädigt (1)");
-    QVERIFY(child<QPlainTextEdit>(&list, "txtLog")->toPlainText().startsWith("Node Tool Operation: 1\n"));
-
+    // The backup list's rows: time, state, operation.
+    QList<QStringList> before;
+    QList<QStringList> after;
+    QString log;
     QString asked;
     QString told;
+    const auto rows = [](QWidget* list) {
+        QList<QStringList> result;
+        auto* tree = child<QTreeWidget>(list, "treeBackups");
+        for (int i = 0; i < tree->topLevelItemCount(); ++i)
+            result.append(
+                { tree->topLevelItem(i)->text(0), tree->topLevelItem(i)->text(1), tree->topLevelItem(i)->text(2) });
+        return result;
+    };
+    const auto checked = [&rows](QWidget* list) {
+        for (const QStringList& row : rows(list)) {
+            if (row.at(1).startsWith("wird geprüft"))
+                return false;
+        }
+        return true;
+    };
+    // Each step leaves from a timer of its own: a button that opens a modal
+    // window must not be pressed while the step before is still running.
+    const auto press = [](QWidget* window, const char* name) {
+        QTimer::singleShot(0, child<QPushButton>(window, name), &QPushButton::click);
+    };
     ModalDriver driver;
+    driver.Expect("DlgNodeTools", [&](QWidget* dialog) { press(dialog, "btnBackups"); });
+    driver.Expect("DlgNodeToolsBackups", [&](QWidget* list) {
+        QVERIFY(QTest::qWaitFor([&] { return checked(list); }));
+        before = rows(list);
+        log = child<QPlainTextEdit>(list, "txtLog")->toPlainText();
+        child<QTreeWidget>(list, "treeBackups")
+            ->setCurrentItem(child<QTreeWidget>(list, "treeBackups")->topLevelItem(0));
+        press(list, "btnRestore");
+    });
     driver.Expect("QMessageBox", [&asked](QWidget* window) {
         auto* box = static_cast<QMessageBox*>(window);
         asked = box->text() + '\n' + box->informativeText();
@@ -482,16 +515,28 @@ void DlgNodeToolsTest::restoreFromTheBackupListChecksTheBackup()
         told = box->text() + '\n' + box->informativeText();
         box->accept();
     });
-    backups->setCurrentItem(backups->topLevelItem(0));
-    list.OnRestoreClicked();
+    driver.Expect("DlgNodeToolsBackups", [&](QWidget* list) {
+        after = rows(list);
+        static_cast<QDialog*>(list)->reject();
+    });
+    driver.Expect("DlgNodeTools", [](QWidget* dialog) { static_cast<QDialog*>(dialog)->reject(); });
+    DialogNodeTools tools(nullptr);
+    host.Setup(tools, project.Root());
+    tools.ShowModal();
 
+    QCOMPARE(before.size(), 3);
+    QCOMPARE(before.at(0).at(2), "HREF: In Objekten entfernen");
+    QCOMPARE(before.at(0).at(1), state);
+    QCOMPARE(before.at(1).at(1), "beschädigt (1)");
+    QCOMPARE(before.at(2).at(0), "kaputt (kein Zeitstempel)");
+    QVERIFY(log.startsWith("Node Tool Operation: 1\n"));
     QVERIFY2(asked.contains(question), qPrintable(asked));
     QVERIFY2(told.contains(report), qPrintable(told));
     QCOMPARE(project.Read("Plan.ann"), QByteArray(damage == "truncate" ? "nachher" : "vorher"));
     QCOMPARE(project.Read("Text.ann"), QByteArray("vorher"));
     // The state before the restore is the newest backup now.
-    QCOMPARE(backups->topLevelItemCount(), 4);
-    QVERIFY(backups->topLevelItem(0)->text(2).startsWith("Wiederherstellung "));
+    QCOMPARE(after.size(), 4);
+    QVERIFY(after.at(0).at(2).startsWith("Wiederherstellung "));
 }
 
 QTEST_MAIN(DlgNodeToolsTest)

@@ -58,13 +58,11 @@ template <typename Kind> void destroyInOrder(Order order, QSettings* settings)
 {
     auto host = std::make_unique<QWidget>();
     auto facade = Kind::make(host.get(), settings);
-    QVERIFY(facade->GetDialog());
     QCOMPARE(dialogsOf(*host), 1);
 
     switch (order) {
     case Order::HostWidgetFirst:
         host.reset();
-        QVERIFY(!facade->GetDialog());
         // Nothing left to show; the host must not crash by asking.
         Kind::run(*facade);
         facade.reset();
@@ -76,7 +74,6 @@ template <typename Kind> void destroyInOrder(Order order, QSettings* settings)
     case Order::CopyOutlivesOriginal: {
         auto copy = std::make_unique<std::remove_reference_t<decltype(*facade)>>(*facade);
         facade.reset();
-        QVERIFY(copy->GetDialog());
         QCOMPARE(dialogsOf(*host), 1);
         copy.reset();
         QCOMPARE(dialogsOf(*host), 0);
@@ -86,7 +83,6 @@ template <typename Kind> void destroyInOrder(Order order, QSettings* settings)
         auto copy = Kind::make(nullptr, settings);
         *copy = *facade;
         host.reset();
-        QVERIFY(!copy->GetDialog());
         facade.reset();
         copy.reset();
         break;

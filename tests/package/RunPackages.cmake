@@ -52,6 +52,26 @@ get_filename_component(lib_dir ${pc_dir} DIRECTORY)
 set(ENV{PKG_CONFIG_PATH} ${pc_dir})
 set(ENV{LD_LIBRARY_PATH} ${lib_dir})
 
+# The pkg-config files name the packages' prefix, so the paths they give
+# are the plain ones of an installed system...
+execute_process(COMMAND pkg-config --cflags kamo_tools OUTPUT_VARIABLE cflags)
+if(NOT cflags MATCHES "(^| )-I/usr/include/kamo_tools ")
+    message(FATAL_ERROR "pkg-config --cflags kamo_tools does not name /usr/include/kamo_tools: ${cflags}")
+endif()
+# ...which pkg-config itself moves into the scratch root; qmake's calls of
+# pkg-config inherit the setting. It moves Qt's paths as well, so the root
+# gets Qt's headers (the machine's) as a system with the development
+# package installed has them through its dependency.
+execute_process(COMMAND pkg-config --variable=includedir Qt5Core
+    OUTPUT_VARIABLE qt_include_dir OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(NOT IS_DIRECTORY "${qt_include_dir}")
+    message(FATAL_ERROR "pkg-config finds no headers of Qt5Core")
+endif()
+get_filename_component(qt_include_parent ${root}${qt_include_dir} DIRECTORY)
+file(MAKE_DIRECTORY ${qt_include_parent})
+file(CREATE_LINK ${qt_include_dir} ${root}${qt_include_dir} SYMBOLIC)
+set(ENV{PKG_CONFIG_SYSROOT_DIR} ${root})
+
 # The installed program runs from the unpacked tree.
 run(${root}/usr/bin/kamo-tools --help OUTPUT_QUIET)
 

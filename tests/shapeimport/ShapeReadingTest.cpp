@@ -5,6 +5,7 @@
 #include <shapeimport/ImportSheetDataFromShapeFile.h>
 #include <shapeimport/ShapeDbFileReader.h>
 #include <shapeimport/ShapeFileReader.h>
+#include <shapeimport/ShapeImportJob.h>
 
 #include <Kamo_view/DetermineVertexOrder.h>
 
@@ -40,6 +41,8 @@ private Q_SLOTS:
     void buildingsTakeTheirAssignedColumns();
     void filterKeepsObjectsTouchingAnArea_data();
     void filterKeepsObjectsTouchingAnArea();
+    void jobGoesOnAfterAFileThatFails_data();
+    void jobGoesOnAfterAFileThatFails();
 };
 
 void ShapeReadingTest::attributeTableBesideShapeFile_data()
@@ -295,6 +298,37 @@ void ShapeReadingTest::filterKeepsObjectsTouchingAnArea()
     QCOMPARE(routeImport.GetRoads().size(), routes);
     QCOMPARE(districtImport.GetDistrictPieces().size(), districts);
     QCOMPARE(buildingImport.GetBuildings().size(), buildings);
+}
+
+void ShapeReadingTest::jobGoesOnAfterAFileThatFails_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("records"); // after the file was read twice
+    QTest::newRow("sheets replace those of the same number") << int(ShapeImportJob::imSheets) << "sheets.shp" << 6;
+    QTest::newRow("routes") << int(ShapeImportJob::imRoutes) << "routes.shp" << 6;
+    QTest::newRow("districts") << int(ShapeImportJob::imDistricts) << "districts.shp" << 8;
+    QTest::newRow("buildings") << int(ShapeImportJob::imBuildings) << "buildings.shp" << 8;
+}
+
+void ShapeReadingTest::jobGoesOnAfterAFileThatFails()
+{
+    QFETCH(int, mode);
+    QFETCH(QString, file);
+    QFETCH(int, records);
+    // As the dialog imports several files: one that fails, then the others.
+    ShapeImportJob job(static_cast<ShapeImportJob::ImportMode>(mode));
+    job.SetFiles(data("missing.shp"));
+    QVERIFY(!job.Run());
+    QCOMPARE(job.GetLastErrorMessage(), "Error opening shape file");
+    job.SetFiles(data(file));
+    QVERIFY2(job.Run() && job.Run(), qPrintable(job.GetLastErrorMessage()));
+    QMap<int, QMap<QString, QList<PointF>>> scales;
+    job.GetScalesMap(scales);
+    int made = job.GetRoads().size() + job.GetDistrictPieces().size() + job.GetBuildings().size();
+    for (const auto& sheets : qAsConst(scales))
+        made += sheets.size();
+    QCOMPARE(made, records);
 }
 
 QTEST_GUILESS_MAIN(ShapeReadingTest)

@@ -4,18 +4,20 @@
 
 #include <Kamo_view/ProjectDescription.h>
 #include <Kamo_view/TreeWidget.h>
-#include <dialogs/DlgDxfTools.h>
-#include <dialogs/DlgShapeImport.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QDirIterator>
 #include <QImage>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -167,19 +169,25 @@ void KamoHostTest::shapeImportConvertsAndKeepsTheProjectArea()
     const QString root = copySample(dir);
     QVERIFY(window.LoadProject(root));
     ModalDriver driver;
-    driver.Expect("DlgShapeImport", [&root](QWidget* widget) {
-        auto* dialog = static_cast<DlgShapeImport*>(widget);
-        dialog->SetImportMode(DlgShapeImport::imBuildings);
-        dialog->SetShapeFilename(root + "/GIS/Gebaeude.shp");
-        dialog->SetGeoSystemForImportFile(GeoSystemSettings::FromEpsg(31467));
-        QTreeWidget* tree = dialog->GetFieldAssignmentTree();
+    QString system;
+    driver.Expect("DlgShapeImport", [&root, &system](QWidget* dialog) {
+        auto* mode = child<QComboBox>(dialog, "cbxImportMode");
+        mode->setCurrentIndex(mode->findText("Buildings"));
+        // Typed and left, as a user does; the file's ".prj" names its
+        // system, Gauss-Krüger zone 3.
+        auto* file = child<QLineEdit>(dialog, "edtShapeFile");
+        file->setText(root + "/GIS/Gebaeude.shp");
+        Q_EMIT file->editingFinished();
+        system = child<QLineEdit>(dialog, "edtImportFileGeoSystem")->toolTip();
+        auto* tree = child<QTreeWidget>(dialog, "twFieldAssignment");
         auto* id = qobject_cast<QComboBox*>(tree->itemWidget(tree->topLevelItem(0), 2));
         id->setCurrentIndex(id->findText("Id"));
-        dialog->findChild<QCheckBox*>("chkUseGeoFilter")->setChecked(true);
-        dialog->OnAccepted();
+        child<QCheckBox>(dialog, "chkUseGeoFilter")->setChecked(true);
+        child<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok)->click();
     });
     QVERIFY(window.RunTool("shape-import"));
     QCOMPARE(driver.Seen(), QStringList { "DlgShapeImport" });
+    QVERIFY2(system.contains("31467"), qPrintable(system));
     // Converted into the project's system, building 4 lies east of the
     // project's area.
     const QStringList lines = window.ImportResultLines();
@@ -211,9 +219,9 @@ void KamoHostTest::dxfToolsOpenTheProjectDrawingUntilOneWasUsed()
     QVERIFY(window.LoadProject(root));
     QString shown;
     ModalDriver driver;
-    driver.Expect("DlgDxfTools", [&shown](QWidget* widget) {
-        shown = static_cast<DlgDxfTools*>(widget)->GetDxfFilename();
-        static_cast<DlgDxfTools*>(widget)->reject();
+    driver.Expect("DlgDxfTools", [&shown](QWidget* dialog) {
+        shown = QDir::fromNativeSeparators(child<QLineEdit>(dialog, "dxfFileEdit")->text());
+        static_cast<QDialog*>(dialog)->reject();
     });
     QVERIFY(window.RunTool("dxf-tools"));
     QCOMPARE(driver.Seen(), QStringList { "DlgDxfTools" });

@@ -30,6 +30,8 @@
 #include <nodetools/DuplicateHREFInAnnotationsNT.h>
 #include <nodetools/HREFPathMap.h>
 #include <nodetools/ModifyAnnotationTargetsNT.h>
+#include <nodetools/NodeOperationCatalogue.h>
+#include <nodetools/NodeOperationOptions.h>
 #include <nodetools/NodeToolBackup.h>
 #include <nodetools/RemoveHREFInAnnotationNT.h>
 #include <nodetools/ReplaceNameInAnnotationsNT.h>
@@ -41,6 +43,7 @@
 #include <shapeimport/ImportRouteDataFromShapeFile.h>
 #include <shapeimport/ImportSheetDataFromShapeFile.h>
 #include <shapeimport/ShapeFileImporter.h>
+#include <shapeimport/ShapeImportJob.h>
 
 #include <cstddef>
 
@@ -72,7 +75,7 @@ int checkHostInterface()
     using Pins = QMap<QString, QMap<int, QList<PinObject>>>;
 
     // clang-format reads a signature inside a macro argument as an
-    // expression and would space `DlgNodeTools*() const` apart.
+    // expression and would space `ImportFieldManager*() const` apart.
     // clang-format off
 
     // The facades: what the host calls to show each tool family.
@@ -89,7 +92,6 @@ int checkHostInterface()
     NEED_METHOD(DialogNodeTools, SetFilesPinMap, void(Pins*));
     NEED_METHOD(DialogNodeTools, ShowModal, void());
     NEED_METHOD(DialogNodeTools, GetProjectRootDir, const QString&() const);
-    NEED_METHOD(DialogNodeTools, GetDialog, DlgNodeTools*() const);
 
     using Shape = DialogImportShapeFile;
     NEED_METHOD(Shape, SetImportMode, void(Shape::ImportMode));
@@ -119,12 +121,10 @@ int checkHostInterface()
     NEED_METHOD(Shape, GetBuildings, const QList<BuildingObject>&() const);
     NEED_METHOD(Shape, GetLastErrorMessage, QString() const);
     NEED_METHOD(Shape, GetWarnings, QStringList() const);
-    NEED_METHOD(Shape, GetDialog, DlgShapeImport*() const);
 
     NEED_METHOD(DialogDxfTools, SetDxfFilename, void(const QString&));
     NEED_METHOD(DialogDxfTools, Initialize, void());
     NEED_METHOD(DialogDxfTools, ShowModal, void());
-    NEED_METHOD(DialogDxfTools, GetDialog, DlgDxfTools*() const);
 
     // Node tools a host runs without the dialog.
     NEED_METHOD(NodeTool, Execute, void());
@@ -187,9 +187,38 @@ int checkHostInterface()
     NEED_METHOD(NodeToolBackupCheck, CheckNext, bool(QString*, QByteArray*, bool*));
     NEED_METHOD(NodeToolBackupCheck, GetState, NodeToolBackupCheck::State() const);
     NEED_FUNCTION(NodeToolBackup::List, QList<NodeToolBackupInfo>(const QString&));
+    NEED_FUNCTION(NodeToolBackup::LogText, QString(const QString&, const QString&));
+    NEED_FUNCTION(NodeOperationCatalogue::Create, std::unique_ptr<NodeTool>(int, const NodeOperationOptions&));
+    NEED_FUNCTION(NodeOperationCatalogue::Options, int(int));
+    NEED_FUNCTION(NodeOperationCatalogue::Name, QString(int));
+    NEED_FUNCTION(NodeOperationCatalogue::FromName, int(const QString&));
     NEED_FUNCTION(LoadHREFPathMap, QMap<QString, QString>(const QString&));
 
     // Shape-file import without the dialog.
+    NEED_METHOD(ShapeImportJob, GetImportMode, ShapeImportJob::ImportMode() const);
+    NEED_FUNCTION(ShapeImportJob::ImportModeName, QString(int));
+    NEED_METHOD(ShapeImportJob, GetTargetFields, const QMap<int, QString>&() const);
+    NEED_METHOD(ShapeImportJob, SetFiles, void(const QString&, const QString&));
+    NEED_METHOD(ShapeImportJob, SetGeoSystemForImportFile, void(const GeoSystemSettings&));
+    NEED_METHOD(ShapeImportJob, SetGeoSystemForProject, void(const GeoSystemSettings&));
+    NEED_METHOD(ShapeImportJob, SetGeoFilter, void(QSharedPointer<QMap<QString, QPainterPath>>));
+    NEED_METHOD(ShapeImportJob, SetCorrectVertexOrder, void(bool));
+    NEED_METHOD(ShapeImportJob, SetPointSelectMode, void(int));
+    NEED_METHOD(ShapeImportJob, SetIndexForPoint1, void(int));
+    NEED_METHOD(ShapeImportJob, SetIndexForPoint2, void(int));
+    NEED_METHOD(ShapeImportJob, SetScaleImportMode, void(int));
+    NEED_METHOD(ShapeImportJob, SetFixedScale, void(int));
+    NEED_METHOD(ShapeImportJob, SetPageAdditionalText, void(const QString&));
+    NEED_METHOD(ShapeImportJob, SetDefaultVariant, void(const QString&));
+    NEED_METHOD(ShapeImportJob, CheckAssignment, ShapeImportJob::AssignmentCheck(int, const QString&) const);
+    NEED_METHOD(ShapeImportJob, Assign, ShapeImportJob::AssignmentCheck(int, const QString&));
+    NEED_METHOD(ShapeImportJob, Run, bool());
+    NEED_METHOD(ShapeImportJob, GetLastErrorMessage, QString() const);
+    NEED_METHOD(ShapeImportJob, GetWarnings, QStringList() const);
+    NEED_METHOD(ShapeImportJob, GetScalesMap, void(QMap<int, QMap<QString, QList<PointF>>>&) const);
+    NEED_METHOD(ShapeImportJob, GetRoads, const QList<RoadObject>&() const);
+    NEED_METHOD(ShapeImportJob, GetDistrictPieces, const QList<DistrictPiece>&() const);
+    NEED_METHOD(ShapeImportJob, GetBuildings, const QList<BuildingObject>&() const);
     NEED_FUNCTION(MakeShapeDbFilenameFromShapeFilename, QString(const QString&));
     NEED_FUNCTION(GetAvailableFieldNames, void(const QString&, QVector<QString>&));
     NEED_METHOD(ShapeFileImporter, SetShapeFilename, void(const QString&));
