@@ -1,5 +1,6 @@
 # The ABI check of the three shared libraries against the baseline in abi/,
-# one file per library written by abidw: what a host built against this
+# one file per library written by abidw (a Qt 6 build's libraries, named
+# with -qt6, have their own): what a host built against this
 # major version relies on (see docs/versioning.md).
 #
 #   cmake --build <build> --target abi-baseline   renews the baseline

@@ -2,11 +2,14 @@
 #   libkamo-tools<soversion>  the three shared libraries (translation embedded)
 #   libkamo-tools-dev         headers, CMake package, pkg-config files
 #   kamo-tools                the programs kamo-tools and kamo-host
+# A Qt 6 build names them libkamo-tools-qt6-<soversion>, libkamo-tools-qt6-dev
+# and kamo-tools-qt6. Its libraries install beside the Qt 5 ones; its
+# programs are the same commands and replace the Qt 5 ones.
 # Dependencies on other packages are computed from the binaries
 # (dpkg-shlibdeps); the development package needs the runtime package of
 # exactly its version.
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME kamo-tools)
+set(CPACK_PACKAGE_NAME kamo-tools${KAMO_QT_SUFFIX})
 set(CPACK_PACKAGE_VENDOR "kamo_tools developers")
 # Whoever builds and hands out the packages signs them; the default only
 # keeps the fields well-formed.
@@ -29,7 +32,12 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # Debug information stays in the build; packages carry the stripped code.
 set(CPACK_STRIP_FILES ON)
 
-set(kamo_runtime_package libkamo-tools${PROJECT_VERSION_MAJOR})
+# Debian's rule: a name that ends in a digit is followed by a hyphen.
+if(KAMO_QT_SUFFIX)
+    set(kamo_runtime_package libkamo-tools${KAMO_QT_SUFFIX}-${PROJECT_VERSION_MAJOR})
+else()
+    set(kamo_runtime_package libkamo-tools${PROJECT_VERSION_MAJOR})
+endif()
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${kamo_runtime_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 # A shlibs file, so that packages built against these libraries depend on
@@ -46,16 +54,26 @@ annotation files, shape-file import, sheet geometry and a DXF workbench,
 each a Qt dialog behind a facade that a host application calls, with
 their German translation built in.")
 
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkamo-tools-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkamo-tools${KAMO_QT_SUFFIX}-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${kamo_runtime_package} (= ${PROJECT_VERSION}), qtbase5-dev (>= 5.15)")
+if(QT_MAJOR_VERSION EQUAL 6)
+    set(kamo_qt_dev_package "qt6-base-dev (>= ${KAMO_QT_MIN_VERSION})")
+else()
+    set(kamo_qt_dev_package "qtbase5-dev (>= ${KAMO_QT_MIN_VERSION})")
+endif()
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${kamo_runtime_package} (= ${PROJECT_VERSION}), ${kamo_qt_dev_package}")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "tools library for geodata and document management hosts - development files
-Headers, the CMake package KamoTools (find_package(KamoTools)) and the
-pkg-config files kamo_tools, Kamo_view and Kamo_base for hosts built with
-CMake, qmake, Meson or make.")
+Headers, the CMake package ${KAMO_PACKAGE} (find_package(${KAMO_PACKAGE}))
+and the pkg-config files kamo_tools${KAMO_QT_SUFFIX}, Kamo_view${KAMO_QT_SUFFIX}
+and Kamo_base${KAMO_QT_SUFFIX} for hosts built with CMake, qmake, Meson or make.")
 
-set(CPACK_DEBIAN_PROGRAMS_PACKAGE_NAME kamo-tools)
+set(CPACK_DEBIAN_PROGRAMS_PACKAGE_NAME kamo-tools${KAMO_QT_SUFFIX})
+if(KAMO_QT_SUFFIX)
+    set(CPACK_DEBIAN_PROGRAMS_PACKAGE_CONFLICTS kamo-tools)
+    set(CPACK_DEBIAN_PROGRAMS_PACKAGE_REPLACES kamo-tools)
+    set(CPACK_DEBIAN_PROGRAMS_PACKAGE_PROVIDES kamo-tools)
+endif()
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION utils)
 set(CPACK_COMPONENT_PROGRAMS_DEPENDS runtime)
 set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION

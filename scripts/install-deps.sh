@@ -11,9 +11,13 @@ set -eu
 # doxygen and graphviz build the API reference; help2man writes the
 # programs' manual pages and lintian checks the Debian packages.
 # abigail-tools (abidw, abidiff) compares the libraries' ABI with abi/.
+# Qt 6 with its compatibility module (QTextCodec) and its lrelease is the
+# test command's third build; the mingw cross compiler checks that the
+# sources compile for Windows.
 packages="build-essential cmake pkg-config clang-format file doxygen graphviz help2man lintian abigail-tools
-clang libclang-rt-14-dev llvm
+clang libclang-rt-14-dev llvm g++-mingw-w64-x86-64-posix
 qtbase5-dev qttools5-dev-tools qttranslations5-l10n
+qt6-base-dev qt6-5compat-dev qt6-tools-dev qt6-l10n-tools qt6-translations-l10n qt6-qpa-plugins
 libshp-dev libdxflib-dev libdtl-dev libproj-dev proj-data proj-bin libssl-dev
 gdal-bin python3-ezdxf librecad-data
 xvfb xauth"

@@ -27,9 +27,11 @@ const char generalHelp[] = "Usage: kamo-tools COMMAND [options]\n"
 
 int main(int argc, char* argv[])
 {
+#ifdef SIGXFSZ
     // At a file-size limit a write should fail and be reported for that file,
-    // not end the whole run.
+    // not end the whole run. (Windows has no such signal; the write fails.)
     std::signal(SIGXFSZ, SIG_IGN);
+#endif
 
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kamo-tools"));

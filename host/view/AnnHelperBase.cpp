@@ -11,10 +11,10 @@ const QChar AnnHelperBase::SplitMarker(0x00A4);
 
 namespace {
 
-QStringList splitKeepingEmpty(const QStringRef& text, QChar separator)
+QStringList splitKeepingEmpty(QStringView text, QChar separator)
 {
     QStringList parts;
-    for (const QStringRef& part : text.split(separator, Qt::KeepEmptyParts))
+    for (const QStringView part : text.split(separator, Qt::KeepEmptyParts))
         parts.append(part.toString());
     return parts;
 }
@@ -27,7 +27,7 @@ TargetInfo readStandardRecord(const QString& value)
 }
 
 // In a split record the path and page fields hold one entry per zone.
-TargetInfo readSplitRecord(const QStringRef& record)
+TargetInfo readSplitRecord(QStringView record)
 {
     const QStringList fields = splitKeepingEmpty(record, AnnHelperBase::FieldSeparator);
     QStringList paths;
@@ -83,8 +83,8 @@ void AnnHelperBase::ParseLink(QList<TargetInfo>& targets, QString& value)
         return;
 
     if (value.at(0) == SplitMarker) {
-        const QStringRef body = value.midRef(1);
-        for (const QStringRef& record : body.split(TargetSeparator, Qt::KeepEmptyParts))
+        const QStringView body = QStringView(value).mid(1);
+        for (const QStringView record : body.split(TargetSeparator, Qt::KeepEmptyParts))
             targets.append(readSplitRecord(record));
     } else {
         targets.append(readStandardRecord(value));

@@ -81,10 +81,10 @@ bool RoadObject::Intersects(const QPainterPath& area) const
         }
         // A single point is a segment of length zero, so that it still
         // touches an outline it lies on.
-        const int segments = std::max(1, line.size() - 1);
+        const int segments = std::max(1, int(line.size()) - 1);
         for (int i = 0; i < segments; ++i) {
             const QPointF a = line[i].ToQPointF();
-            const QPointF b = line[std::min(i + 1, line.size() - 1)].ToQPointF();
+            const QPointF b = line[std::min(i + 1, int(line.size()) - 1)].ToQPointF();
             for (const QPolygonF& ring : qAsConst(outline)) {
                 for (int k = 0; k < ring.size(); ++k) {
                     // Subpath polygons are not always closed explicitly.

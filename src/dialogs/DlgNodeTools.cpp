@@ -19,7 +19,6 @@
 #include <QIntValidator>
 #include <QPushButton>
 #include <QSettings>
-#include <QTextStream>
 
 namespace {
 

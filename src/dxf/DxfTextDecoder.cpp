@@ -52,7 +52,7 @@ void resolveUnicodeEscapes(QString& text)
 {
     const QLatin1String escape("\\U+");
     for (int at = text.indexOf(escape); at >= 0; at = text.indexOf(escape, at + 1)) {
-        const QStringRef digits = text.midRef(at + escape.size(), 4);
+        const QStringView digits = QStringView(text).mid(at + escape.size(), 4);
         if (digits.size() == 4 && std::all_of(digits.begin(), digits.end(), isHexDigit))
             text.replace(at, escape.size() + 4, QChar(digits.toUShort(nullptr, 16)));
     }

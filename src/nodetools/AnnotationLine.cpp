@@ -35,7 +35,7 @@ bool IsInCategory(const QStringList& block, const QString& filter)
     const int valueStart = CategoryKey.size() + 1;
     for (const QString& line : block) {
         if (line.size() > valueStart && HasKey(line, CategoryKey))
-            return line.midRef(valueStart) == filter;
+            return QStringView(line).mid(valueStart) == filter;
     }
     return false;
 }

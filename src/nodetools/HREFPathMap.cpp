@@ -1,4 +1,5 @@
 #include "nodetools/HREFPathMap.h"
+#include "nodetools/LocaleTextStream.h"
 
 #include <QFile>
 #include <QTextStream>
@@ -10,6 +11,7 @@ QList<QStringList> ReadHREFPathMapLines(const QString& fileName)
     if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
         return lines;
     QTextStream stream(&file);
+    UseLocaleEncoding(stream);
     while (!stream.atEnd()) {
         const QStringList fields = stream.readLine().split(QLatin1Char(','), Qt::KeepEmptyParts);
         if (fields.size() >= 2)

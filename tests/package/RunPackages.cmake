@@ -1,4 +1,5 @@
-# cmake -DBUILD_DIR=... -DCONSUMER_SOURCE_DIR=... -DWORK_DIR=... -DQMAKE=... -P RunPackages.cmake
+# cmake -DBUILD_DIR=... -DCONSUMER_SOURCE_DIR=... -DWORK_DIR=... -DQMAKE=... -DQT_MAJOR_VERSION=5|6
+#       -P RunPackages.cmake
 #
 # Builds the Debian packages of the build, unpacks them into a scratch root
 # (dpkg -x: no root rights, nothing installed on the machine) and builds the
@@ -45,7 +46,14 @@ if(APT_GET)
     run(${APT_GET} install --simulate --quiet=2 ${packages})
 endif()
 
-file(GLOB_RECURSE pc_files ${root}/usr/*/kamo_tools.pc)
+if(QT_MAJOR_VERSION EQUAL 6)
+    set(suffix -qt6)
+    set(include_dir /usr/include/kamo-qt6/kamo_tools)
+else()
+    set(suffix "")
+    set(include_dir /usr/include/kamo_tools)
+endif()
+file(GLOB_RECURSE pc_files ${root}/usr/*/kamo_tools${suffix}.pc)
 list(GET pc_files 0 pc_file)
 get_filename_component(pc_dir ${pc_file} DIRECTORY)
 get_filename_component(lib_dir ${pc_dir} DIRECTORY)
@@ -54,18 +62,18 @@ set(ENV{LD_LIBRARY_PATH} ${lib_dir})
 
 # The pkg-config files name the packages' prefix, so the paths they give
 # are the plain ones of an installed system...
-execute_process(COMMAND pkg-config --cflags kamo_tools OUTPUT_VARIABLE cflags)
-if(NOT cflags MATCHES "(^| )-I/usr/include/kamo_tools ")
-    message(FATAL_ERROR "pkg-config --cflags kamo_tools does not name /usr/include/kamo_tools: ${cflags}")
+execute_process(COMMAND pkg-config --cflags kamo_tools${suffix} OUTPUT_VARIABLE cflags)
+if(NOT cflags MATCHES "(^| )-I${include_dir} ")
+    message(FATAL_ERROR "pkg-config --cflags kamo_tools${suffix} does not name ${include_dir}: ${cflags}")
 endif()
 # ...which pkg-config itself moves into the scratch root; qmake's calls of
 # pkg-config inherit the setting. It moves Qt's paths as well, so the root
 # gets Qt's headers (the machine's) as a system with the development
 # package installed has them through its dependency.
-execute_process(COMMAND pkg-config --variable=includedir Qt5Core
+execute_process(COMMAND pkg-config --variable=includedir Qt${QT_MAJOR_VERSION}Core
     OUTPUT_VARIABLE qt_include_dir OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(NOT IS_DIRECTORY "${qt_include_dir}")
-    message(FATAL_ERROR "pkg-config finds no headers of Qt5Core")
+    message(FATAL_ERROR "pkg-config finds no headers of Qt${QT_MAJOR_VERSION}Core")
 endif()
 get_filename_component(qt_include_parent ${root}${qt_include_dir} DIRECTORY)
 file(MAKE_DIRECTORY ${qt_include_parent})
@@ -77,7 +85,7 @@ run(${root}/usr/bin/kamo-tools --help OUTPUT_QUIET)
 
 # CMake
 run(${CMAKE_COMMAND} -S ${CONSUMER_SOURCE_DIR} -B ${WORK_DIR}/cmake
-    -DCMAKE_PREFIX_PATH=${root}/usr -DCMAKE_BUILD_TYPE=Release)
+    -DCMAKE_PREFIX_PATH=${root}/usr -DCMAKE_BUILD_TYPE=Release -DQT_MAJOR_VERSION=${QT_MAJOR_VERSION})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/cmake --parallel 2 --target consumer)
 run(${WORK_DIR}/cmake/consumer)
 
@@ -89,5 +97,5 @@ run(${WORK_DIR}/qmake/consumer)
 
 # make
 file(MAKE_DIRECTORY ${WORK_DIR}/make)
-run(make -C ${CONSUMER_SOURCE_DIR} OUT=${WORK_DIR}/make)
+run(make -C ${CONSUMER_SOURCE_DIR} OUT=${WORK_DIR}/make KAMO=kamo_tools${suffix})
 run(${WORK_DIR}/make/consumer)
