@@ -1,10 +1,19 @@
 #!/bin/sh
 # Renders the screenshots in docs/images from a copy of the sample project,
 # without a display. Run after a build (scripts/demo.sh or scripts/test.sh).
+# With --qt6, from a Qt 6 build (build-qt6, or KAMO_BUILD_DIR): the three
+# dialogs as the host opens them, named *-qt6.png, to be set beside the
+# Qt 5 ones.
 set -eu
 
 root=$(cd "$(dirname "$0")/.." && pwd)
-bin=${KAMO_BUILD_DIR:-$root/build}/bin
+suffix=""
+if [ "${1:-}" = "--qt6" ]; then
+    suffix="-qt6"
+    bin=${KAMO_BUILD_DIR:-$root/build-qt6}/bin
+else
+    bin=${KAMO_BUILD_DIR:-$root/build}/bin
+fi
 images=$root/docs/images
 # A fixed, short folder: its name shows in the pictures.
 work=${TMPDIR:-/tmp}/kamo-demo
@@ -21,8 +30,21 @@ shot() {
     "$bin/kamo-host" --settings "$settings" "$@" "$project" 2>/dev/null
 }
 
+# The shape import on the sample's sheet frames, with the sheet number and
+# scale columns assigned.
+for lang in en de; do
+    cat >"$work/shape-import-$lang.ini" <<INI
+[DlgShapeImport]
+ImportMode=0
+ShapeFile=$project/GIS/Blattschnitte.shp
+ScaleImportMode=1
+Assignments\Sheets="{\"FieldAssignments\": [{\"FieldName\": \"BLATTNR\", \"TargetFieldId\": 10}, {\"FieldName\": \"MASSSTAB\", \"TargetFieldId\": 20}], \"Version\": 1}"
+INI
+done
+: >"$work/dxf-tools.ini"
+
 : >"$work/host.ini"
-shot "$work/host.ini" --lang de --screenshot "$images/kamo-host.png"
+[ -z "$suffix" ] && shot "$work/host.ini" --lang de --screenshot "$images/kamo-host.png"
 
 # The nodes of the first construction stage checked, as a user would.
 cat >"$work/node-tools.ini" <<'INI'
@@ -31,7 +53,13 @@ MS-KS-2024\CheckedItems=Node:2, Node:3, Node:4, Node:5
 [NodeToolsDialog]
 LastOperationIndex=1
 INI
-shot "$work/node-tools.ini" --lang de --open node-tools --screenshot "$images/dlg-node-tools.png"
+shot "$work/node-tools.ini" --lang de --open node-tools --screenshot "$images/dlg-node-tools$suffix.png"
+if [ -n "$suffix" ]; then
+    shot "$work/shape-import-de.ini" --lang de --open shape-import --screenshot "$images/dlg-shape-import-de$suffix.png"
+    shot "$work/dxf-tools.ini" --lang de --open dxf-tools --screenshot "$images/dlg-dxf-tools-de$suffix.png"
+    echo "screenshots: Qt 6 dialogs written to $images"
+    exit 0
+fi
 # What making the links of those nodes split would change, before it is done.
 sed 's/^LastOperationIndex=1$/LastOperationIndex=3/' "$work/node-tools.ini" >"$work/node-tools-preview.ini"
 shot "$work/node-tools-preview.ini" --lang de --open node-tools --click btnPreview \
@@ -52,16 +80,8 @@ shot "$work/node-tools.ini" --lang de --open node-tools --click btnBackups \
 rm -rf "$project"
 cp -r "$root/sample/Musterstadt-Kanalsanierung" "$work/"
 
-# The shape import on the sample's sheet frames, with the sheet number and
-# scale columns assigned, in English and in German.
+# The shape import, in English and in German.
 for lang in en de; do
-    cat >"$work/shape-import-$lang.ini" <<INI
-[DlgShapeImport]
-ImportMode=0
-ShapeFile=$project/GIS/Blattschnitte.shp
-ScaleImportMode=1
-Assignments\Sheets="{\"FieldAssignments\": [{\"FieldName\": \"BLATTNR\", \"TargetFieldId\": 10}, {\"FieldName\": \"MASSSTAB\", \"TargetFieldId\": 20}], \"Version\": 1}"
-INI
     case $lang in
     de) language="--lang de" ;;
     *) language= ;;
@@ -73,7 +93,6 @@ done
 # The DXF workbench on the sample's drawing, as the host opens it (German),
 # and after a correction and an export, from the dialog's test: the dialog
 # in English, its map in English and German.
-: >"$work/dxf-tools.ini"
 shot "$work/dxf-tools.ini" --lang de --open dxf-tools --screenshot "$images/dlg-dxf-tools-de.png"
 for lang in en de; do
     KAMO_SCREENSHOT_DIR=$images KAMO_SCREENSHOT_DXF=$project/CAD/Blattschnitte.dxf KAMO_SCREENSHOT_LANG=$lang \
