@@ -50,6 +50,7 @@ set(BASELINE_DIR [[${PROJECT_SOURCE_DIR}/abi]])
 set(WORK_DIR [[${PROJECT_BINARY_DIR}/abi]])
 set(LIBRARIES [[$<TARGET_FILE:kamo_tools>;$<TARGET_FILE:Kamo_view>;$<TARGET_FILE:Kamo_base>]])
 set(HEADERS_DIR [[${kamo_abi_headers_dir}]])
+set(SUPPRESSIONS [[$<$<EQUAL:${QT_MAJOR_VERSION},6>:${PROJECT_SOURCE_DIR}/abi/qt6.suppr>]])
 ")
 
 add_custom_target(abi-baseline

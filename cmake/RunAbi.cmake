@@ -26,7 +26,11 @@ endfunction()
 # caller's baseline, current and name). The status is a set of bits:
 # 1 error, 2 usage error, 4 ABI change, 8 incompatible ABI change.
 function(run_abidiff status_var report_var)
-    execute_process(COMMAND ${ABIDIFF} ${ARGN} ${baseline} ${current}
+    set(suppressions)
+    if(SUPPRESSIONS)
+        set(suppressions --suppressions ${SUPPRESSIONS})
+    endif()
+    execute_process(COMMAND ${ABIDIFF} ${suppressions} ${ARGN} ${baseline} ${current}
         RESULT_VARIABLE status OUTPUT_VARIABLE report ERROR_VARIABLE report)
     set(error 1)
     if(status MATCHES "^[0-9]+$")

@@ -104,7 +104,7 @@ struct LinkCheck::Private {
     QStringList searchDirs;
     ProgressCallback* progressCallback = nullptr;
 
-    QVector<LinkTarget> targets;
+    QList<LinkTarget> targets;
     int linkCount = 0;
     QStringList warnings;
 };
@@ -296,7 +296,7 @@ void LinkCheck::Execute()
     }
 }
 
-const QVector<LinkTarget>& LinkCheck::Targets() const
+const QList<LinkTarget>& LinkCheck::Targets() const
 {
     return d->targets;
 }
@@ -308,7 +308,7 @@ int LinkCheck::LinkCount() const
 
 namespace {
 
-template <typename Predicate> int countOf(const QVector<LinkTarget>& targets, Predicate predicate)
+template <typename Predicate> int countOf(const QList<LinkTarget>& targets, Predicate predicate)
 {
     return int(std::count_if(targets.cbegin(), targets.cend(), predicate));
 }

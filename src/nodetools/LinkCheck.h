@@ -4,9 +4,9 @@
 #include "kamo_tools_export.h"
 #include "nodetools/LinkTarget.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
-#include <QVector>
 
 #include <memory>
 
@@ -50,7 +50,7 @@ public:
     void Execute();
 
     /// Every distinct target, sorted by path.
-    const QVector<LinkTarget>& Targets() const;
+    const QList<LinkTarget>& Targets() const;
     /// The summary of the last run.
     ///@{
     int LinkCount() const;
