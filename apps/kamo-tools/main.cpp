@@ -1,4 +1,5 @@
 #include "DxfCommand.h"
+#include "LinksCommand.h"
 #include "NodeCommand.h"
 #include "ShapeCommand.h"
 
@@ -16,6 +17,8 @@ const char generalHelp[] = "Usage: kamo-tools COMMAND [options]\n"
                            "  node OPERATION    batch operations over a project's annotation files,\n"
                            "                    and the restore of a backup of them\n"
                            "  analyze           which annotation files of a project are used\n"
+                           "  links check       which document links of a project lead nowhere, and\n"
+                           "                    the path map that would mend them\n"
                            "  shape ACTION      summary of a shape file, import of sheets, routes,\n"
                            "                    districts or buildings as JSON\n"
                            "  dxf ACTION        listing of a DXF drawing or of its block inserts,\n"
@@ -58,6 +61,8 @@ int main(int argc, char* argv[])
         return NodeCommand(out, err).Run(arguments);
     if (command == QLatin1String("analyze"))
         return NodeCommand(out, err).RunAnalyze(arguments);
+    if (command == QLatin1String("links"))
+        return LinksCommand(out, err).Run(arguments);
     if (command == QLatin1String("shape"))
         return ShapeCommand(out, err).Run(arguments);
     if (command == QLatin1String("dxf"))

@@ -80,6 +80,8 @@ private Q_SLOTS:
     void shapeAndDxfCommands_data();
     void shapeAndDxfCommands();
     void gk2ExportWritesTheExpectedBytes();
+    void linkCheckExitStatusSaysWhetherAnythingIsMissing_data();
+    void linkCheckExitStatusSaysWhetherAnythingIsMissing();
 };
 
 void KamoToolsCliTest::badUsageExitsWithTwo_data()
@@ -120,6 +122,12 @@ void KamoToolsCliTest::badUsageExitsWithTwo_data()
                                            << "restore needs --backup STAMP";
     QTest::newRow("restore of no backup") << "node restore --project @ --backup 01.01.2020"
                                           << "";
+    QTest::newRow("links: no project") << "links check --all"
+                                       << "give --project ROOT";
+    QTest::newRow("links: no such action") << "links mend --project @"
+                                           << "the only action is 'check'";
+    QTest::newRow("links: search folder missing") << "links check --project @ --search @/nirgends"
+                                                  << "search folder '";
 }
 
 void KamoToolsCliTest::badUsageExitsWithTwo()
@@ -485,6 +493,57 @@ void KamoToolsCliTest::gk2ExportWritesTheExpectedBytes()
     QFile expected(data + "/sheets.gk2");
     QVERIFY(written.open(QIODevice::ReadOnly) && expected.open(QIODevice::ReadOnly));
     QCOMPARE(written.readAll(), expected.readAll());
+}
+
+// The project's own folder holds the documents: "@" stands for it, "!" for
+// a folder the map file cannot be written to.
+void KamoToolsCliTest::linkCheckExitStatusSaysWhetherAnythingIsMissing_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QByteArray>("map");
+
+    QTest::newRow("nothing missing") << "@/Dokumente/plan.pdf"
+                                     << "" << 0 << "targets: 1, links: 1, missing: 0\n"
+                                     << QByteArray();
+    QTest::newRow("moved, proposed and written as a map")
+        << "@/Alt/plan.pdf"
+        << "--search @/Dokumente --write-map @/vorschlag.csv" << 4
+        << "    1  @/Alt/plan.pdf  (no such folder)  -> @/Dokumente/plan.pdf\n"
+           "targets: 1, links: 1, missing: 1, proposed: 1, ambiguous: 0, unresolved: 0\n"
+           "path map: @/vorschlag.csv (1 lines)\n"
+        << QByteArray("@/Alt/plan.pdf,@/Dokumente/plan.pdf\r\n");
+    QTest::newRow("the map cannot be written")
+        << "@/Alt/plan.pdf"
+        << "--search @/Dokumente --write-map @/nirgends/vorschlag.csv" << 1
+        << "    1  @/Alt/plan.pdf  (no such folder)  -> @/Dokumente/plan.pdf\n"
+           "targets: 1, links: 1, missing: 1, proposed: 1, ambiguous: 0, unresolved: 0\n"
+        << QByteArray();
+}
+
+void KamoToolsCliTest::linkCheckExitStatusSaysWhetherAnythingIsMissing()
+{
+    QFETCH(QString, target);
+    QFETCH(QString, options);
+    QFETCH(int, exitCode);
+    QFETCH(QString, output);
+    QFETCH(QByteArray, map);
+    TestProject project;
+    QDir(project.Root()).mkpath("Dokumente");
+    QFile document(project.Root() + "/Dokumente/plan.pdf");
+    QVERIFY(document.open(QIODevice::WriteOnly));
+    document.close();
+    project.Write("a.ann", HostText({ "BO", link(target.replace('@', project.Root())), "EO" }));
+
+    const Result result = runTool(
+        QString("links check --project @ " + options).replace('@', project.Root()).split(' ', Qt::SkipEmptyParts));
+    QCOMPARE(result.exitCode, exitCode);
+    QCOMPARE(result.out, output.replace('@', project.Root()));
+    QFile written(project.Root() + "/vorschlag.csv");
+    QCOMPARE(written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray(),
+        map.replace('@', project.Root().toUtf8()));
 }
 
 QTEST_GUILESS_MAIN(KamoToolsCliTest)
