@@ -11,9 +11,12 @@ cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build --parallel "$(nproc)" >/dev/null
 
 tool="$PWD/build/bin/kamo-tools"
-work=$(mktemp -d)
+# All lower case: a link that the path map redirects is written in lower
+# case, and only a lower-case path leads to its file on this file system.
+work=${TMPDIR:-/tmp}/kamo-demo-$(id -u)
+rm -rf "$work" && mkdir -p "$work"
 project="$work/Musterstadt-Kanalsanierung"
-cp -r sample/Musterstadt-Kanalsanierung "$work/"
+cp -r sample/Musterstadt-Kanalsanierung sample/ablage "$work/"
 
 # The copy's own settings file keeps the user's settings out of the demo.
 if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
@@ -38,7 +41,7 @@ summary() {
     done
     echo "  for example:"
     (cd "$work" && diff -r --strip-trailing-cr -x ann_sic before "$project/Daten" || true) | visible |
-        grep -E '^[<>] HREF=' | head -n 2 | sed -E 's/^(.{100}).+/    \1…/'
+        grep -E '^[<>] HREF=' | sed "s|$work/||g" | head -n 2 | sed -E 's/^(.{100}).+/    \1…/'
 }
 
 step() {
@@ -73,6 +76,26 @@ echo "=== kamo-tools node restore --backup '$stamp' (undoes all of the above)"
 if diff -r -x ann_sic sample/Musterstadt-Kanalsanierung/Daten "$project/Daten" >/dev/null; then
     echo "  the annotation files are byte for byte those of the sample again"
 fi
+
+echo
+echo "=== kamo-tools links check --nodes Kanalkataster --search ablage --write-map Pfadzuordnung.csv"
+echo "    (the cadastre's documents moved from the old server /mnt/kanal-alt to the share ablage/)"
+status=0
+"$tool" links check --project "$project" --nodes Kanalkataster --search "$work/ablage" \
+    --write-map "$project/Pfadzuordnung.csv" >"$work/links.txt" || status=$?
+sed "s|$work/||g" "$work/links.txt"
+echo "  exit status $status: targets are missing"
+echo
+echo "=== kamo-tools node map-href-paths --map Pfadzuordnung.csv --nodes Kanalkataster --dry-run (the preview)"
+"$tool" node map-href-paths --project "$project" --map "$project/Pfadzuordnung.csv" --nodes Kanalkataster \
+    --dry-run | sed "s|$work/||g"
+step node map-href-paths --project "$project" --map "$project/Pfadzuordnung.csv" --nodes Kanalkataster
+echo
+echo "=== kamo-tools links check --nodes Kanalkataster (what is left for the user to decide)"
+status=0
+"$tool" links check --project "$project" --nodes Kanalkataster >"$work/links.txt" || status=$?
+sed "s|$work/||g" "$work/links.txt"
+echo "  exit status $status"
 
 echo
 echo "=== kamo-tools dxf gk2 CAD/Blattschnitte.dxf (the sheet corners of the CAD drawing for the host)"

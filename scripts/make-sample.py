@@ -384,6 +384,64 @@ document(
         tx="Bestand nach Kanalkataster 2012", co="#000000"),
 )
 
+# The sewer cadastre, annotated on an office machine that had the old file
+# server mounted at /mnt/kanal-alt: its links are POSIX paths. The server is
+# gone; its documents now lie under ../ablage/kanal (the new share, all
+# lower case), some renamed in case, one in two places, one lost.
+OLD_SHARE = "/mnt/kanal-alt/"
+document(
+    "Kanalkataster_Nord.pdf", "Kanalkataster_Nord.ann", "host",
+    obj(1, "LINE", 1, "160;100;240;133", "Haltung H0815", ka="Haltung",
+        co="#1f6fd1",
+        hrefs=[std(OLD_SHARE + "Haltungen/H0815_Befahrung.pdf", "1", "Befahrung H0815"),
+               std(OLD_SHARE + "Gutachten/Bodengutachten_2011.pdf", "4", "Bodengutachten")]),
+    obj(2, "LINE", 1, "240;133;310;150", "Haltung H0816", ka="Haltung",
+        co="#1f6fd1",
+        hrefs=[std(OLD_SHARE + "Haltungen/H0816_Befahrung.pdf", "1", "Befahrung H0816")]),
+    obj(3, "RECT", 1, "118;86;40;25", "Schacht 12", ka="Schacht",
+        co="#e03c31",
+        hrefs=[std(OLD_SHARE + "Schaechte/S12_Protokoll.pdf", "1", "Schachtprotokoll S12"),
+               std(OLD_SHARE + "Schaechte/Lageskizze.pdf", "1", "Lageskizze")]),
+    obj(4, "RECT", 1, "60;40;90;10", "Kataster Nord", ka="_unbenannt",
+        hrefs=[split(target([(OLD_SHARE + "Plaene/Kataster_Nord_BA1.pdf", "1"),
+                             (OLD_SHARE + "Plaene/Kataster_Nord_BA2.pdf", "1")],
+                            "Kataster je Bauabschnitt"))]),
+)
+
+# Where the documents of the old server went (relative to sample/).
+NEW_SHARE = [
+    "ablage/kanal/haltungen/h0815_befahrung.pdf",
+    "ablage/kanal/haltungen/h0816_befahrung.pdf",
+    "ablage/kanal/schaechte/s11/lageskizze.pdf",
+    "ablage/kanal/schaechte/s12/lageskizze.pdf",
+    "ablage/kanal/schaechte/s12/s12_protokoll.pdf",
+    "ablage/kanal/plaene/kataster_nord_ba1.pdf",
+    "ablage/kanal/plaene/kataster_nord_ba2.pdf",
+]
+
+
+def placeholder_pdf(title):
+    """A one-page PDF that viewers open, with `title` as its only text."""
+    content = "BT /F1 18 Tf 72 720 Td (%s) Tj ET" % title
+    objects = [
+        "<< /Type /Catalog /Pages 2 0 R >>",
+        "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
+        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 595 842] /Contents 4 0 R "
+        "/Resources << /Font << /F1 5 0 R >> >> >>",
+        "<< /Length %d >>\nstream\n%s\nendstream" % (len(content), content),
+        "<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>",
+    ]
+    out = "%PDF-1.4\n"
+    offsets = []
+    for i, body in enumerate(objects, 1):
+        offsets.append(len(out))
+        out += "%d 0 obj\n%s\nendobj\n" % (i, body)
+    xref = len(out)
+    out += "xref\n0 %d\n0000000000 65535 f \n" % (len(objects) + 1)
+    out += "".join("%010d 00000 n \n" % o for o in offsets)
+    out += "trailer\n<< /Size %d /Root 1 0 R >>\nstartxref\n%d\n%%%%EOF\n" % (len(objects) + 1, xref)
+    return out
+
 
 PATH_MAP = [
     # Read as an entry like any other line; no link has this path.
@@ -436,6 +494,8 @@ PROJECT_DESCRIPTION = {
                              PDF + "Hausanschlussplan_Lindenweg.pdf"]}},
         {"Id": 7, "Name": "Hausanschluss Lindenweg 7", "Parent": 6, "Zone": 1,
          "Documents": {"1": [PDF + "Hausanschlussplan_Lindenweg.pdf"]}},
+        {"Id": 8, "Name": "Kanalkataster", "Parent": 1, "Zone": 1,
+         "Documents": {"1": [PDF + "Kanalkataster_Nord.pdf"]}},
     ],
     "Pins": {
         PDF + "Lageplan_Haltungen.pdf": {
@@ -518,6 +578,13 @@ def main():
     os.makedirs(cad)
     shutil.copyfile(os.path.join(here, os.pardir, "tests", "dxf", "data", "route.dxf"),
                     os.path.join(cad, "Blattschnitte.dxf"))
+    share = os.path.join(args.out, "ablage")
+    if os.path.isdir(share):
+        shutil.rmtree(share)
+    for relative in NEW_SHARE:
+        path = os.path.join(args.out, relative)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        write(path, placeholder_pdf(os.path.basename(relative)))
     print("wrote %d annotation files to %s" % (len(DOCUMENTS), data))
 
 

@@ -64,6 +64,16 @@ fi
 sed 's/^LastOperationIndex=1$/LastOperationIndex=3/' "$work/node-tools.ini" >"$work/node-tools-preview.ini"
 shot "$work/node-tools-preview.ini" --lang de --open node-tools --click btnPreview \
     --screenshot "$images/dlg-node-tools-preview.png"
+# The link check of the cadastre, whose documents moved to the share ablage/.
+cp -r "$root/sample/ablage" "$work/"
+cat >"$work/node-tools-links.ini" <<'INI'
+[CheckableTree]
+MS-KS-2024\CheckedItems=Node:8
+[NodeToolsDialog]
+LastOperationIndex=5
+INI
+shot "$work/node-tools-links.ini" --lang de --open node-tools --click btnHREFReplacePathPropose \
+    --choose "$work/ablage" --screenshot "$images/dlg-link-check.png"
 # Two runs with backups and the undoing of the first, then the list of the
 # three backups they left, the second of them damaged by hand (a file cut
 # short). The sample itself stays as it was: the copy is made anew below.

@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 #include <QDialog>
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QPointer>
@@ -68,7 +69,10 @@ int main(int argc, char* argv[])
         QStringLiteral("With --open and --screenshot: press the tool's button NAME (its object name, e.g. btnPreview) "
                        "and save the window it opens instead."),
         QStringLiteral("NAME"));
-    parser.addOptions({ settingsOption, languageOption, screenshotOption, toolOption, clickOption });
+    const QCommandLineOption chooseOption(QStringLiteral("choose"),
+        QStringLiteral("With --click: answer the folder chooser the button opens with FOLDER."),
+        QStringLiteral("FOLDER"));
+    parser.addOptions({ settingsOption, languageOption, screenshotOption, toolOption, clickOption, chooseOption });
     parser.process(app);
 
     if (parser.positionalArguments().size() > 1) {
@@ -143,6 +147,12 @@ int main(int argc, char* argv[])
                     }
                     if (dialog == toolDialog)
                         return;
+                    if (auto* chooser = qobject_cast<QFileDialog*>(dialog); chooser && parser.isSet(chooseOption)) {
+                        // A folder chooser takes the folder it shows.
+                        chooser->setDirectory(parser.value(chooseOption));
+                        static_cast<QDialog*>(chooser)->accept();
+                        return;
+                    }
                     poll.stop();
                     save(dialog);
                     dialog->reject();

@@ -14,7 +14,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QMessageBox>
-#include <QProgressDialog>
 
 #include <memory>
 
@@ -195,19 +194,11 @@ void DialogNodeTools::ShowModal()
 
 void DialogNodeTools::execute(NodeTool& tool, QWidget* progressParent)
 {
-    QProgressDialog progress(progressParent);
-    // Modal, so that each new value repaints it; there is nothing to cancel.
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setCancelButton(nullptr);
-    progress.setWindowTitle(trDialog("Werkzeuge"));
-    QtProgressCallback callback(&progress);
-    tool.SetProgressCallback(&callback);
-    withWaitCursor([&tool] {
+    QtProgressCallback::Run(progressParent, trDialog("Werkzeuge"), [&tool](ProgressCallback* callback) {
+        tool.SetProgressCallback(callback);
         tool.Execute();
-        return true;
+        tool.SetProgressCallback(nullptr);
     });
-    tool.SetProgressCallback(nullptr);
-    progress.reset();
 }
 
 void DialogNodeTools::preview()

@@ -1,10 +1,13 @@
 #include "dialogs/DlgNodeTools.h"
 
+#include "dialogs/DlgLinkCheck.h"
 #include "dialogs/DlgNodeToolsBackups.h"
+#include "dialogs/QtProgressCallback.h"
 
 #include "ui_DlgNodeTools.h"
 
 #include "nodetools/HREFPathMap.h"
+#include "nodetools/LinkCheck.h"
 #include "nodetools/NodeOperationCatalogue.h"
 
 #include <Kamo_view/CheckableTree.h>
@@ -15,8 +18,10 @@
 #include <QDoubleValidator>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QIntValidator>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 
@@ -105,6 +110,7 @@ DlgNodeTools::DlgNodeTools(QWidget* parent)
         &DlgNodeTools::OnSelectNewHREFLinkTargetClicked);
     connect(ui->btnHREFReplacePathMapFile, &QAbstractButton::clicked, this,
         &DlgNodeTools::OnSelectHREFReplacePathMapFileClicked);
+    connect(ui->btnHREFReplacePathPropose, &QAbstractButton::clicked, this, &DlgNodeTools::OnProposePathMapClicked);
     connect(ui->buttonBox, &QDialogButtonBox::accepted, this, &DlgNodeTools::OnAccepted);
     // Beside OK rather than in the form: a run without them stays as it was.
     previewButton = ui->buttonBox->addButton(tr("Vorschau…"), QDialogButtonBox::ActionRole);
@@ -313,6 +319,54 @@ void DlgNodeTools::OnSelectHREFReplacePathMapFileClicked()
     if (!file.isEmpty())
         ui->edtHREFReplacePathMapFile->setText(QDir::toNativeSeparators(file));
     refreshPathMapPreview();
+}
+
+void DlgNodeTools::OnProposePathMapClicked()
+{
+    const QString root = QDir::fromNativeSeparators(ui->edtProjectRootDir->text());
+    if (root.isEmpty() || !QDir(root).exists()) {
+        QMessageBox::warning(this, QStringLiteral("Kamo"), tr("Data directory:\n\n'%1'\n\ninvalid").arg(root));
+        return;
+    }
+    const QString searchDir = QFileDialog::getExistingDirectory(
+        this, tr("Wo liegen die Dokumente jetzt?"), root, QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
+    if (searchDir.isEmpty())
+        return;
+
+    LinkCheck check;
+    check.SetProjectRootDir(root);
+    // No node chosen is no reason to check nothing: a moved server breaks
+    // the links of every node alike.
+    const QStringList files = GetFilesOfCheckedNodes();
+    if (files.isEmpty())
+        check.SetAllAnnotationFiles(true);
+    else
+        check.SetFileNames(files);
+    check.SetSearchDirs({ searchDir });
+    QtProgressCallback::Run(this, tr("Verknüpfungen prüfen"), [&check](ProgressCallback* callback) {
+        check.SetProgressCallback(callback);
+        check.Execute();
+        check.SetProgressCallback(nullptr);
+    });
+
+    DlgLinkCheck result(this);
+    result.SetResult(check, unusedMapFileName());
+    if (result.exec() != QDialog::Accepted)
+        return;
+    ui->edtHREFReplacePathMapFile->setText(QDir::toNativeSeparators(result.MapFile()));
+    refreshPathMapPreview();
+}
+
+QString DlgNodeTools::unusedMapFileName() const
+{
+    // Beside the map in use, or in the project; never over an existing map.
+    QString dir = QFileInfo(QDir::fromNativeSeparators(ui->edtHREFReplacePathMapFile->text())).path();
+    if (ui->edtHREFReplacePathMapFile->text().isEmpty() || !QDir(dir).exists())
+        dir = QDir::fromNativeSeparators(ui->edtProjectRootDir->text());
+    QString file = QDir(dir).filePath(QStringLiteral("Pfadzuordnung.csv"));
+    for (int n = 2; QFileInfo::exists(file); ++n)
+        file = QDir(dir).filePath(QStringLiteral("Pfadzuordnung-%1.csv").arg(n));
+    return file;
 }
 
 void DlgNodeTools::OnAccepted()

@@ -109,6 +109,9 @@ public Q_SLOTS:
     void OnSelectNewHREFLinkTargetClicked();
     /// Lets the user choose the path map file and shows its preview.
     void OnSelectHREFReplacePathMapFileClicked();
+    /// Asks where the documents are now, checks the links of the chosen nodes (all annotation files when none is
+    /// chosen) and shows what it found; a saved proposal becomes the path map file.
+    void OnProposePathMapClicked();
     /// Saves the node tree's check states and the dialog's values to the settings, then accepts.
     void OnAccepted();
     /// Closes the dialog without saving anything.
@@ -119,6 +122,7 @@ public Q_SLOTS:
 private:
     void colourDataDirectory();
     void refreshPathMapPreview();
+    QString unusedMapFileName() const;
     void restoreSettings();
     void saveSettings();
 

@@ -1,5 +1,6 @@
 #include "dialogs/QtProgressCallback.h"
 
+#include <QApplication>
 #include <QProgressDialog>
 
 QtProgressCallback::QtProgressCallback(QProgressDialog* dialog)
@@ -15,4 +16,19 @@ void QtProgressCallback::Progress(const QString& text, int value, int maximum)
     dialog->setLabelText(text);
     dialog->setMaximum(maximum);
     dialog->setValue(value);
+}
+
+void QtProgressCallback::Run(QWidget* parent, const QString& title, const std::function<void(ProgressCallback*)>& work)
+{
+    QProgressDialog progress(parent);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setCancelButton(nullptr);
+    progress.setWindowTitle(title);
+    QtProgressCallback callback(&progress);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    struct Restore {
+        ~Restore() { QApplication::restoreOverrideCursor(); }
+    } restore;
+    work(&callback);
+    progress.reset();
 }

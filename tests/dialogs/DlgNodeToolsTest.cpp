@@ -15,6 +15,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -28,6 +29,7 @@
 #include <QTextBrowser>
 #include <QTimer>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 
 #include <functional>
 
@@ -139,6 +141,8 @@ private Q_SLOTS:
     void previewWritesNothingAndListsWhatTheRunChanges();
     void restoreFromTheBackupListChecksTheBackup_data();
     void restoreFromTheBackupListChecksTheBackup();
+    void proposedPathMapBecomesTheMapFile_data();
+    void proposedPathMapBecomesTheMapFile();
 };
 
 void DlgNodeToolsTest::tabsFollowTheOperation_data()
@@ -537,6 +541,97 @@ void DlgNodeToolsTest::restoreFromTheBackupListChecksTheBackup()
     // The state before the restore is the newest backup now.
     QCOMPARE(after.size(), 4);
     QVERIFY(after.at(0).at(2).startsWith("Wiederherstellung "));
+}
+
+void DlgNodeToolsTest::proposedPathMapBecomesTheMapFile_data()
+{
+    QTest::addColumn<bool>("earlierMap");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("offered name") << false << ""
+                                  << "Pfadzuordnung.csv";
+    QTest::newRow("existing map overwritten") << true << ""
+                                              << "Pfadzuordnung-2.csv";
+    QTest::newRow("field set though nothing written") << false << "fehlt/x.csv"
+                                                      << "";
+}
+
+// Documents moved from alt/ to neu/: the button asks for neu/, shows what it
+// found and, once saved, the proposal is the map that operation 5 runs with.
+void DlgNodeToolsTest::proposedPathMapBecomesTheMapFile()
+{
+    QFETCH(bool, earlierMap);
+    QFETCH(QString, typed);
+    QFETCH(QString, written);
+    Host host;
+    const QString root = host.project.Root();
+    for (const char* file : { "neu/kanal/A.pdf", "neu/s11/skizze.pdf", "neu/s12/Skizze.pdf", "neu/da.pdf" }) {
+        QDir(root).mkpath(QFileInfo(root + '/' + file).path());
+        QFile(root + '/' + file).open(QIODevice::WriteOnly);
+    }
+    const QStringList links { root + "/alt/a.pdf", root + "/alt/skizze.pdf", root + "/alt/weg.pdf",
+        root + "/neu/da.pdf" };
+    QStringList lines { "ANN=2", "BO", "NA=S1" };
+    for (const QString& link : links)
+        lines.append("HREF=" + StandardLink(link));
+    host.project.Write("Plan.ann", HostText(lines + QStringList { "EO" }));
+    QFile earlier(root + "/Pfadzuordnung.csv");
+    if (earlierMap) {
+        QVERIFY(earlier.open(QIODevice::WriteOnly) && earlier.write("x,y\r\n") == 5);
+        earlier.close();
+    }
+
+    QStringList shown;
+    QString field;
+    int previewRows = -1;
+    ModalDriver driver;
+    driver.Expect("DlgNodeTools", [&](QWidget* dialog) {
+        child<QComboBox>(dialog, "cbxNodeOperationSelect")->setCurrentIndex(5);
+        ModalDriver inner;
+        inner.Expect("QFileDialog", [&root](QWidget* chooser) {
+            static_cast<QFileDialog*>(chooser)->setDirectory(root + "/neu");
+            static_cast<QDialog*>(chooser)->accept();
+        });
+        inner.Expect("DlgLinkCheck", [&](QWidget* result) {
+            auto* tree = child<QTreeWidget>(result, "treeTargets");
+            for (QTreeWidgetItemIterator it(tree); *it; ++it)
+                shown.append(QString((*it)->text(0) + " | " + (*it)->text(2)).replace(root, "~").trimmed());
+            if (!typed.isEmpty())
+                child<QLineEdit>(result, "edtMapFile")->setText(root + '/' + typed);
+            auto* buttons = child<QDialogButtonBox>(result, "buttonBox");
+            QTimer::singleShot(0, buttons->button(QDialogButtonBox::Save), &QPushButton::click);
+        });
+        // A failed write, or a question about replacing a file, is answered
+        // no; the check is then cancelled.
+        inner.Expect("QMessageBox", [](QWidget* box) { static_cast<QDialog*>(box)->reject(); });
+        inner.Expect("DlgLinkCheck", [](QWidget* result) { static_cast<QDialog*>(result)->reject(); });
+        child<QPushButton>(dialog, "btnHREFReplacePathPropose")->click();
+        field = child<QLineEdit>(dialog, "edtHREFReplacePathMapFile")->text();
+        previewRows = child<QTreeWidget>(dialog, "treeHREFReplacePathPreview")->topLevelItemCount();
+        static_cast<QDialog*>(dialog)->reject();
+    });
+    DialogNodeTools tools(nullptr);
+    host.Setup(tools, root);
+    tools.ShowModal();
+
+    QCOMPARE(shown,
+        (QStringList { "Vorgeschlagen (1) |", "~/alt/a.pdf | ~/neu/kanal/A.pdf",
+            "Mehrdeutig (1): keiner gewählt, bitte von Hand zuordnen |",
+            "~/alt/skizze.pdf | 2 Dateien dieses Namens:", "| ~/neu/s11/skizze.pdf", "| ~/neu/s12/Skizze.pdf",
+            "Nicht gefunden (1) |", "~/alt/weg.pdf | Ordner fehlt, keine Datei des Namens gefunden" }));
+    if (earlierMap) {
+        QVERIFY(earlier.open(QIODevice::ReadOnly));
+        QCOMPARE(earlier.readAll(), "x,y\r\n");
+    }
+    if (written.isEmpty()) {
+        QCOMPARE(field, QString());
+        return;
+    }
+    QCOMPARE(field, QDir::toNativeSeparators(root + '/' + written));
+    QFile map(root + '/' + written);
+    QVERIFY(map.open(QIODevice::ReadOnly));
+    QCOMPARE(map.readAll(), (root + "/alt/a.pdf," + root + "/neu/kanal/A.pdf\r\n").toUtf8());
+    QCOMPARE(previewRows, 1);
 }
 
 QTEST_MAIN(DlgNodeToolsTest)

@@ -337,6 +337,137 @@
     </message>
 </context>
 <context>
+    <name>DlgLinkCheck</name>
+    <message>
+        <source>Pfadzuordnung vorschlagen</source>
+        <translation>Pfadzuordnung vorschlagen</translation>
+    </message>
+    <message>
+        <source>Linkziel</source>
+        <translation>Linkziel</translation>
+    </message>
+    <message>
+        <source>Verweise</source>
+        <translation>Verweise</translation>
+    </message>
+    <message>
+        <source>Vorschlag</source>
+        <translation>Vorschlag</translation>
+    </message>
+    <message>
+        <source>Umsetzungsdatei</source>
+        <translation>Umsetzungsdatei</translation>
+    </message>
+    <message>
+        <source>Speichern unter</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Komma oder Zeilenumbruch im Pfad, in der Umsetzungsdatei nicht darstellbar</source>
+        <translation>Komma oder Zeilenumbruch im Pfad, in der Umsetzungsdatei nicht darstellbar</translation>
+    </message>
+    <message>
+        <source>Ordner fehlt, keine Datei des Namens gefunden</source>
+        <translation>Ordner fehlt, keine Datei des Namens gefunden</translation>
+    </message>
+    <message>
+        <source>Windows-Pfad, auf diesem System nicht vorhanden; keine Datei des Namens gefunden</source>
+        <translation>Windows-Pfad, auf diesem System nicht vorhanden; keine Datei des Namens gefunden</translation>
+    </message>
+    <message>
+        <source>relativer Pfad, nicht prüfbar; keine Datei des Namens gefunden</source>
+        <translation>relativer Pfad, nicht prüfbar; keine Datei des Namens gefunden</translation>
+    </message>
+    <message>
+        <source>Datei fehlt, keine Datei des Namens gefunden</source>
+        <translation>Datei fehlt, keine Datei des Namens gefunden</translation>
+    </message>
+    <message>
+        <source>Speichern</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 Linkziele mit %2 Verweisen geprüft.</source>
+        <translation>%1 Linkziele mit %2 Verweisen geprüft.</translation>
+    </message>
+    <message>
+        <source>Alle Linkziele sind vorhanden.</source>
+        <translation>Alle Linkziele sind vorhanden.</translation>
+    </message>
+    <message>
+        <source>Es fehlen %1: %2 vorgeschlagen, %3 mehrdeutig, %4 nicht gefunden.</source>
+        <translation>Es fehlen %1: %2 vorgeschlagen, %3 mehrdeutig, %4 nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>%1 Anmerkungsdateien nicht gelesen.</source>
+        <translation>%1 Anmerkungsdateien nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 Dateien dieses Namens:</source>
+        <translation>%1 Dateien dieses Namens:</translation>
+    </message>
+    <message>
+        <source>Vorgeschlagen (%1)</source>
+        <translation>Vorgeschlagen (%1)</translation>
+    </message>
+    <message>
+        <source>Mehrdeutig (%1): keiner gewählt, bitte von Hand zuordnen</source>
+        <translation>Mehrdeutig (%1): keiner gewählt, bitte von Hand zuordnen</translation>
+    </message>
+    <message>
+        <source>Nicht gefunden (%1)</source>
+        <translation>Nicht gefunden (%1)</translation>
+    </message>
+    <message>
+        <source>Nicht gelesen (%1)</source>
+        <translation>Nicht gelesen (%1)</translation>
+    </message>
+    <message>
+        <source>Umsetzungsdatei speichern</source>
+        <translation>Umsetzungsdatei speichern</translation>
+    </message>
+    <message>
+        <source>Umsetzungsdateien (*.csv);;Alle Dateien (*)</source>
+        <translation>Umsetzungsdateien (*.csv);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Bitte eine Umsetzungsdatei angeben.</source>
+        <translation>Bitte eine Umsetzungsdatei angeben.</translation>
+    </message>
+    <message>
+        <source>Die Datei
+
+&apos;%1&apos;
+
+gibt es schon. Ersetzen?</source>
+        <translation>Die Datei
+
+&apos;%1&apos;
+
+gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Die Umsetzungsdatei
+
+&apos;%1&apos;
+
+wurde nicht geschrieben: %2</source>
+        <translation>Die Umsetzungsdatei
+
+&apos;%1&apos;
+
+wurde nicht geschrieben: %2</translation>
+    </message>
+</context>
+<context>
     <name>DlgNodeTools</name>
     <message>
         <source>Werkzeuge</source>
@@ -643,6 +774,34 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
     <message>
         <source>Sicherungen…</source>
         <translation>Sicherungen…</translation>
+    </message>
+    <message>
+        <source>Pfadzuordnung vorschlagen…</source>
+        <translation>Pfadzuordnung vorschlagen…</translation>
+    </message>
+    <message>
+        <source>Prüft die Verknüpfungen der gewählten Knoten (ohne Auswahl: aller Anmerkungsdateien), sucht die fehlenden Dateien in einem Ordner und speichert die Zuordnung als Umsetzungsdatei.</source>
+        <translation>Prüft die Verknüpfungen der gewählten Knoten (ohne Auswahl: aller Anmerkungsdateien), sucht die fehlenden Dateien in einem Ordner und speichert die Zuordnung als Umsetzungsdatei.</translation>
+    </message>
+    <message>
+        <source>Data directory:
+
+&apos;%1&apos;
+
+invalid</source>
+        <translation>Daten-Ordner:
+
+&apos;%1&apos;
+
+ungültig</translation>
+    </message>
+    <message>
+        <source>Wo liegen die Dokumente jetzt?</source>
+        <translation>Wo liegen die Dokumente jetzt?</translation>
+    </message>
+    <message>
+        <source>Verknüpfungen prüfen</source>
+        <translation>Verknüpfungen prüfen</translation>
     </message>
 </context>
 <context>
@@ -1263,6 +1422,17 @@ Dateien, die bleiben, wie sie sind: %2</translation>
     <message>
         <source>Object %1 replaces the earlier sheet &quot;%2&quot; at scale %3</source>
         <translation>Objekt %1 ersetzt das frühere Blatt „%2“ im Maßstab %3</translation>
+    </message>
+</context>
+<context>
+    <name>LinkCheck</name>
+    <message>
+        <source>%1: could not be read (%2)</source>
+        <translation>%1: konnte nicht gelesen werden (%2)</translation>
+    </message>
+    <message>
+        <source>%1: not valid UTF-8, its links not checked</source>
+        <translation>%1: kein gültiges UTF-8, ihre Verknüpfungen nicht geprüft</translation>
     </message>
 </context>
 <context>

@@ -504,23 +504,26 @@ void KamoToolsCliTest::linkCheckExitStatusSaysWhetherAnythingIsMissing_data()
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("output");
     QTest::addColumn<QByteArray>("map");
+    QTest::addColumn<bool>("fullDisk");
 
     QTest::newRow("nothing missing") << "@/Dokumente/plan.pdf"
                                      << "" << 0 << "targets: 1, links: 1, missing: 0\n"
-                                     << QByteArray();
+                                     << QByteArray() << false;
     QTest::newRow("moved, proposed and written as a map")
         << "@/Alt/plan.pdf"
         << "--search @/Dokumente --write-map @/vorschlag.csv" << 4
         << "    1  @/Alt/plan.pdf  (no such folder)  -> @/Dokumente/plan.pdf\n"
            "targets: 1, links: 1, missing: 1, proposed: 1, ambiguous: 0, unresolved: 0\n"
            "path map: @/vorschlag.csv (1 lines)\n"
-        << QByteArray("@/Alt/plan.pdf,@/Dokumente/plan.pdf\r\n");
+        << QByteArray("@/Alt/plan.pdf,@/Dokumente/plan.pdf\r\n") << false;
+    const QString notWritten = "    1  @/Alt/plan.pdf  (no such folder)  -> @/Dokumente/plan.pdf\n"
+                               "targets: 1, links: 1, missing: 1, proposed: 1, ambiguous: 0, unresolved: 0\n";
     QTest::newRow("the map cannot be written")
         << "@/Alt/plan.pdf"
-        << "--search @/Dokumente --write-map @/nirgends/vorschlag.csv" << 1
-        << "    1  @/Alt/plan.pdf  (no such folder)  -> @/Dokumente/plan.pdf\n"
-           "targets: 1, links: 1, missing: 1, proposed: 1, ambiguous: 0, unresolved: 0\n"
-        << QByteArray();
+        << "--search @/Dokumente --write-map @/nirgends/vorschlag.csv" << 1 << notWritten << QByteArray() << false;
+    QTest::newRow("earlier map cut short on a full disk")
+        << "@/Alt/plan.pdf"
+        << "--search @/Dokumente --write-map @/vorschlag.csv" << 1 << notWritten << QByteArray("alt,neu\r\n") << true;
 }
 
 void KamoToolsCliTest::linkCheckExitStatusSaysWhetherAnythingIsMissing()
@@ -530,12 +533,22 @@ void KamoToolsCliTest::linkCheckExitStatusSaysWhetherAnythingIsMissing()
     QFETCH(int, exitCode);
     QFETCH(QString, output);
     QFETCH(QByteArray, map);
-    TestProject project;
+    QFETCH(bool, fullDisk);
+    SmallDisk disk(256);
+    if (fullDisk && !disk.Mounted())
+        QSKIP(qPrintable(disk.Why()));
+    TestProject project(fullDisk ? disk.Path() : QString());
     QDir(project.Root()).mkpath("Dokumente");
     QFile document(project.Root() + "/Dokumente/plan.pdf");
     QVERIFY(document.open(QIODevice::WriteOnly));
     document.close();
     project.Write("a.ann", HostText({ "BO", link(target.replace('@', project.Root())), "EO" }));
+    if (fullDisk) {
+        QFile earlier(project.Root() + "/vorschlag.csv");
+        QVERIFY(earlier.open(QIODevice::WriteOnly) && earlier.write(map) == map.size());
+        earlier.close();
+        disk.Fill(0);
+    }
 
     const Result result = runTool(
         QString("links check --project @ " + options).replace('@', project.Root()).split(' ', Qt::SkipEmptyParts));

@@ -18,7 +18,7 @@ void ProjectDescriptionTest::sampleProjectLoads()
     ProjectDescription description;
     QVERIFY2(description.Load(KAMO_SAMPLE_PROJECT), qPrintable(description.ErrorString()));
     QCOMPARE(description.Id(), "MS-KS-2024");
-    QCOMPARE(description.Nodes().size(), 7);
+    QCOMPARE(description.Nodes().size(), 8);
     QCOMPARE(description.NodeOrder().constFirst(), 1);
 
     // Filed under node 6 and again under its child 7: the lower id keeps it.
