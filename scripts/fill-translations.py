@@ -42,6 +42,9 @@ GERMAN = {
     "not in the manifest": "nicht im Manifest",
     "%1 bytes instead of %2": "%1 Bytes statt %2",
     "its content changed since the backup": "ihr Inhalt hat sich seit der Sicherung geändert",
+    # Link check
+    "%1: could not be read (%2)": "%1: konnte nicht gelesen werden (%2)",
+    "%1: not valid UTF-8, its links not checked": "%1: kein gültiges UTF-8, ihre Verknüpfungen nicht geprüft",
     # Shape import
     "Error opening shape file": "Fehler beim Öffnen der Shape-Datei",
     "Object %1 left out: %2": "Objekt %1 ausgelassen: %2",
@@ -252,7 +255,7 @@ GERMAN_NUMERUS = {
 }
 
 # Contexts whose source texts are German.
-GERMAN_CONTEXTS = {"DlgNodeTools", "DlgNodeToolsPreview", "DlgNodeToolsBackups", "DlgAnalyzeProject"}
+GERMAN_CONTEXTS = {"DlgNodeTools", "DlgNodeToolsPreview", "DlgNodeToolsBackups", "DlgAnalyzeProject", "DlgLinkCheck"}
 
 
 def main(path):

@@ -789,7 +789,7 @@ C:\A1\PDF\P2.PDF,C:\B1\PDF\P2.PDF</translation>
 &apos;%1&apos;
 
 invalid</source>
-        <translation>Daten-Ordner:
+        <translation>Datenverzeichnis:
 
 &apos;%1&apos;
 
