@@ -1,11 +1,4 @@
-#include <QFile>
-#include <QLibrary>
-#include <QTest>
-#include <QTranslator>
-
-namespace {
-const QString translationResource = QStringLiteral(":/kamo_tools/kamo_tools_de.qm");
-}
+#include <QtTest>
 
 class TranslationResourceTest : public QObject
 {
@@ -16,17 +9,15 @@ private Q_SLOTS:
     // resources; they must be there exactly while the library is loaded.
     void germanTranslationComesAndGoesWithTheLibrary()
     {
-        QVERIFY(!QFile::exists(translationResource));
-
+        const QString resource = QStringLiteral(":/kamo_tools/kamo_tools_de.qm");
+        QVERIFY(!QFile::exists(resource));
         QLibrary library(QStringLiteral(KAMO_TOOLS_LIBRARY));
         QVERIFY2(library.load(), qPrintable(library.errorString()));
-        QVERIFY(QFile::exists(translationResource));
         QTranslator translator;
-        QVERIFY(translator.load(translationResource));
+        QVERIFY(translator.load(resource));
         QCOMPARE(translator.language(), QStringLiteral("de_DE"));
-
         QVERIFY(library.unload());
-        QVERIFY(!QFile::exists(translationResource));
+        QVERIFY(!QFile::exists(resource));
     }
 };
 

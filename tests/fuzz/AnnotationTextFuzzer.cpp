@@ -25,98 +25,87 @@
 
 namespace {
 
-// The sample project gives the operations that look documents up real
-// nodes, files and pins to find.
-ProjectDescription& project()
+template <typename Processor, typename Setup> std::unique_ptr<ObjectBlockProcessor> make(Setup setup)
 {
-    static ProjectDescription* description = [] {
+    auto processor = std::make_unique<Processor>();
+    setup(*processor);
+    return processor;
+}
+
+std::unique_ptr<ObjectBlockProcessor> makeProcessor(unsigned char choice)
+{
+    // The sample project gives the operations that look documents up real
+    // nodes, files and pins to find.
+    static ProjectDescription* const sample = [] {
         auto* loaded = new ProjectDescription;
         if (!loaded->Load(QStringLiteral(KAMO_SAMPLE_DIR)))
             std::abort();
         return loaded;
     }();
-    return *description;
-}
-
-std::unique_ptr<ObjectBlockProcessor> makeProcessor(unsigned char choice)
-{
-    ProjectDescription& sample = project();
     const bool filtered = choice & 0x10;
     const QString category = filtered ? QStringLiteral("Schacht") : QString();
     const QString name = filtered ? QStringLiteral("^Haltung|S\\d+") : QString();
     switch (choice % 10) {
-    case 0: {
-        auto p = std::make_unique<RemoveHREFBlockProcessor>();
-        p->categoryFilter = category;
-        return p;
-    }
-    case 1: {
-        auto p = std::make_unique<DuplicateHREFBlockProcessor>();
-        p->categoryFilter = category;
-        p->newLinkTarget = QStringLiteral("C:\\Projekte\\Musterstadt\\PDF\\Nachtrag.pdf");
-        return p;
-    }
-    case 2: {
-        auto p = std::make_unique<ChangeHREFPathBlockProcessor>();
-        p->pathMap.insert(QStringLiteral("c:\\projekte\\musterstadt\\pdf\\lageplan_haltungen.pdf"),
-            QStringLiteral("d:\\archiv\\lageplan_haltungen.pdf"));
-        return p;
-    }
-    case 3: {
-        auto p = std::make_unique<ChangeHREFTypeBlockProcessor>();
-        p->categoryFilter = category;
-        p->nodes = &sample.Nodes();
-        p->files = &sample.Files();
-        return p;
-    }
-    case 4: {
-        auto p = std::make_unique<ChangeHREFTypeToStandardBlockProcessor>();
-        p->categoryFilter = category;
-        p->targetZone = (choice >> 5) % 3;
-        p->nodes = &sample.Nodes();
-        p->files = &sample.Files();
-        return p;
-    }
-    case 5: {
-        auto p = std::make_unique<ChangePageNumberBlockProcessor>();
-        p->categoryFilter = category;
-        p->nameFilter = name;
-        p->pageDelta = (choice & 0x20) ? -3 : 2;
-        return p;
-    }
-    case 6: {
-        auto p = std::make_unique<ConvertFreeHandPinsBlockProcessor>();
-        p->filesPinMap = &sample.Pins();
-        p->fileNames = sample.Files().keys();
-        return p;
-    }
-    case 7: {
-        auto p = std::make_unique<ModifyAnnotationTargetsBlockProcessor>();
-        p->categoryFilter = category;
-        p->nameFilter = name;
-        p->useTargetIndexFilter = choice & 0x20;
-        p->targetIndex = 1;
-        p->useEnvFactor = true;
-        p->envFactor = 2.5f;
-        return p;
-    }
-    case 8: {
-        auto p = std::make_unique<ReplaceNameBlockProcessor>();
-        p->nodes = &sample.Nodes();
-        p->ignorePathOnCompare = choice & 0x20;
-        return p;
-    }
-    default: {
-        auto p = std::make_unique<SetPropertiesBlockProcessor>();
-        p->categoryFilter = category;
-        p->nameFilter = name;
-        p->setName = true;
-        p->name = QStringLiteral("Schacht S12 – Süd");
-        p->setText = choice & 0x20;
-        p->text = QStringLiteral("geprüft");
-        p->setDimensions = choice & 0x40;
-        return p;
-    }
+    case 0:
+        return make<RemoveHREFBlockProcessor>([&](auto& p) { p.categoryFilter = category; });
+    case 1:
+        return make<DuplicateHREFBlockProcessor>([&](auto& p) {
+            p.categoryFilter = category;
+            p.newLinkTarget = QStringLiteral("C:\\Projekte\\Musterstadt\\PDF\\Nachtrag.pdf");
+        });
+    case 2:
+        return make<ChangeHREFPathBlockProcessor>([](auto& p) {
+            p.pathMap.insert(QStringLiteral("c:\\projekte\\musterstadt\\pdf\\lageplan_haltungen.pdf"),
+                QStringLiteral("d:\\archiv\\lageplan_haltungen.pdf"));
+        });
+    case 3:
+        return make<ChangeHREFTypeBlockProcessor>([&](auto& p) {
+            p.categoryFilter = category;
+            p.nodes = &sample->Nodes();
+            p.files = &sample->Files();
+        });
+    case 4:
+        return make<ChangeHREFTypeToStandardBlockProcessor>([&](auto& p) {
+            p.categoryFilter = category;
+            p.targetZone = (choice >> 5) % 3;
+            p.nodes = &sample->Nodes();
+            p.files = &sample->Files();
+        });
+    case 5:
+        return make<ChangePageNumberBlockProcessor>([&](auto& p) {
+            p.categoryFilter = category;
+            p.nameFilter = name;
+            p.pageDelta = (choice & 0x20) ? -3 : 2;
+        });
+    case 6:
+        return make<ConvertFreeHandPinsBlockProcessor>([&](auto& p) {
+            p.filesPinMap = &sample->Pins();
+            p.fileNames = sample->Files().keys();
+        });
+    case 7:
+        return make<ModifyAnnotationTargetsBlockProcessor>([&](auto& p) {
+            p.categoryFilter = category;
+            p.nameFilter = name;
+            p.useTargetIndexFilter = choice & 0x20;
+            p.targetIndex = 1;
+            p.useEnvFactor = true;
+            p.envFactor = 2.5f;
+        });
+    case 8:
+        return make<ReplaceNameBlockProcessor>([&](auto& p) {
+            p.nodes = &sample->Nodes();
+            p.ignorePathOnCompare = choice & 0x20;
+        });
+    default:
+        return make<SetPropertiesBlockProcessor>([&](auto& p) {
+            p.categoryFilter = category;
+            p.nameFilter = name;
+            p.setName = true;
+            p.name = QStringLiteral("Schacht S12 – Süd");
+            p.setText = choice & 0x20;
+            p.text = QStringLiteral("geprüft");
+            p.setDimensions = choice & 0x40;
+        });
     }
 }
 

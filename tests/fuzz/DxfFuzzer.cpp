@@ -13,8 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     static const FuzzScratch scratch;
     const QString path = scratch.Write(QStringLiteral("fuzz.dxf"), FuzzScratch::Bytes(data, size));
 
-    QString text;
-    QString error;
+    QString text, error;
     DxfDump::DumpFileToText(path, text, &error);
 
     DxfDrawing drawing;

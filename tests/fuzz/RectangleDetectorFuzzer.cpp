@@ -13,10 +13,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     QList<YPoint> points;
     for (size_t offset = 0; offset + 2 * sizeof(double) <= size && size_t(points.size()) < maximumPoints;
          offset += 2 * sizeof(double)) {
-        YPoint point;
-        std::memcpy(&point.x, data + offset, sizeof(double));
-        std::memcpy(&point.y, data + offset + sizeof(double), sizeof(double));
-        points.append(point);
+        double xy[2];
+        std::memcpy(xy, data + offset, sizeof xy);
+        points.append(YPoint { xy[0], xy[1] });
     }
     RectangleDetector detector(points);
     QList<QList<unsigned>> indices;

@@ -18,22 +18,17 @@
 
 namespace {
 
-// Every column of the table feeds a target field, in turn, so that each
-// kind of attribute read meets each column type.
-void assignColumns(ShapeFileImporter& importer, const QString& dbFile)
+template <typename Importer> int run(Importer&& importer, const FuzzScratch& scratch, unsigned char options)
 {
+    importer.SetShapeFilename(scratch.Path(QStringLiteral("fuzz.shp")));
+    // Every column of the table feeds a target field, in turn, so that each
+    // kind of attribute read meets each column type.
     QVector<QString> columns;
-    GetAvailableFieldNames(dbFile, columns);
+    GetAvailableFieldNames(scratch.Path(QStringLiteral("fuzz.dbf")), columns);
     ImportFieldManager* fields = importer.GetImportFieldManager();
     const QList<int> targets = fields->GetTargetFields().keys();
     for (int i = 0; i < targets.size() && !columns.isEmpty(); ++i)
         fields->SetAssignment(targets.at(i), columns.at(i % columns.size()));
-}
-
-template <typename Importer> void run(Importer& importer, const FuzzScratch& scratch, unsigned char options)
-{
-    importer.SetShapeFilename(scratch.Path(QStringLiteral("fuzz.shp")));
-    assignColumns(importer, scratch.Path(QStringLiteral("fuzz.dbf")));
     if (options & 0x10) {
         // Gauss-Krüger zone 3 into UTM 32, the conversion users need most.
         importer.SetGeoSystemForImportFile(GeoSystemSettings::FromEpsg(31467));
@@ -47,6 +42,7 @@ template <typename Importer> void run(Importer& importer, const FuzzScratch& scr
         importer.SetGeoFilter(filter);
     }
     importer.Execute();
+    return 0;
 }
 
 } // namespace
@@ -58,11 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         return 0;
     const unsigned char options = data[0];
     const QList<QByteArray> parts = FuzzScratch::Split(FuzzScratch::Bytes(data + 1, size - 1), 4);
-    scratch.Write(QStringLiteral("fuzz.shp"), parts.at(0));
-    scratch.Write(QStringLiteral("fuzz.shx"), parts.at(1));
-    scratch.Write(QStringLiteral("fuzz.dbf"), parts.at(2));
-    scratch.Write(QStringLiteral("fuzz.cpg"), parts.at(3));
-
+    for (int i = 0; i < 4; ++i)
+        scratch.Write(QStringLiteral("fuzz.") + QStringList { "shp", "shx", "dbf", "cpg" }.at(i), parts.value(i));
     switch (options % 4) {
     case 0: {
         ImportSheetDataFromShapeFile sheets;
@@ -76,23 +69,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         run(sheets, scratch, options);
         QMap<int, QMap<QString, QList<PointF>>> scales;
         sheets.GetScalesMap(scales);
-        break;
+        return 0;
     }
-    case 1: {
-        ImportRouteDataFromShapeFile routes;
-        run(routes, scratch, options);
-        break;
+    case 1:
+        return run(ImportRouteDataFromShapeFile(), scratch, options);
+    case 2:
+        return run(ImportDistrictsFromShapeFile(), scratch, options);
+    default:
+        return run(ImportBuildingFromShapeFile(), scratch, options);
     }
-    case 2: {
-        ImportDistrictsFromShapeFile districts;
-        run(districts, scratch, options);
-        break;
-    }
-    default: {
-        ImportBuildingFromShapeFile buildings;
-        run(buildings, scratch, options);
-        break;
-    }
-    }
-    return 0;
 }

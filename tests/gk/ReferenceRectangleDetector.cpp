@@ -4,66 +4,39 @@
 
 namespace {
 
-// On a plain array, so that timing the search measures the tests and not
-// the allocation of a list per combination.
-bool isRectangle(const YPoint* four)
+// The test on the four points themselves, without the library's legs. The
+// first pair of vectors from p0 that meets at a right angle decides, by the
+// remaining vector: the diagonal.
+bool isRectangle(const YPoint& p0, const YPoint& p1, const YPoint& p2, const YPoint& p3)
 {
     const double epsilon = 0.0002;
-    struct Vec {
-        double x;
-        double y;
-    };
-    Vec v[3];
-    for (int i = 0; i < 3; ++i)
-        v[i] = { four[i + 1].x - four[0].x, four[i + 1].y - four[0].y };
-
+    const double x[3] = { p1.x - p0.x, p2.x - p0.x, p3.x - p0.x };
+    const double y[3] = { p1.y - p0.y, p2.y - p0.y, p3.y - p0.y };
     double sum = epsilon;
-    for (const Vec& a : v)
-        sum += a.x * a.x + a.y * a.y;
-
+    for (int i = 0; i < 3; ++i)
+        sum += x[i] * x[i] + y[i] * y[i];
     const int pairs[3][3] = { { 0, 1, 2 }, { 0, 2, 1 }, { 1, 2, 0 } };
     for (const auto& pair : pairs) {
-        const Vec& a = v[pair[0]];
-        const Vec& b = v[pair[1]];
-        double cosine = (a.x * b.x + a.y * b.y) / (std::sqrt(a.x * a.x + a.y * a.y) * std::sqrt(b.x * b.x + b.y * b.y));
-        if (cosine < 0)
-            cosine = -cosine;
-        if (!(cosine < epsilon))
-            continue;
-        const Vec& d = v[pair[2]];
-        double r = 2.0 * (d.x * d.x + d.y * d.y) / sum - 1.0;
-        if (r < 0)
-            r = -r;
-        return r < epsilon;
+        const int a = pair[0], b = pair[1], d = pair[2];
+        const double cosine = (x[a] * x[b] + y[a] * y[b])
+            / (std::sqrt(x[a] * x[a] + y[a] * y[a]) * std::sqrt(x[b] * x[b] + y[b] * y[b]));
+        if (std::fabs(cosine) < epsilon)
+            return std::fabs(2.0 * (x[d] * x[d] + y[d] * y[d]) / sum - 1.0) < epsilon;
     }
     return false;
 }
 
 } // namespace
 
-QList<QList<unsigned>> referenceRectangles(const QList<YPoint>& points)
+QList<QList<unsigned>> referenceRectangles(const QList<YPoint>& p)
 {
     QList<QList<unsigned>> result;
-    const unsigned n = static_cast<unsigned>(points.size());
-    if (n < 4)
-        return result;
-
-    unsigned index[4] = { 0, 1, 2, 3 };
-    for (;;) {
-        YPoint four[4];
-        for (int i = 0; i < 4; ++i)
-            four[i] = points[static_cast<int>(index[i])];
-        if (isRectangle(four))
-            result.append({ index[0], index[1], index[2], index[3] });
-
-        int position = 3;
-        while (position >= 0 && index[position] >= n - 4 + static_cast<unsigned>(position))
-            --position;
-        if (position < 0)
-            break;
-        ++index[position];
-        for (int j = position + 1; j < 4; ++j)
-            index[j] = index[j - 1] + 1;
-    }
+    const unsigned n = static_cast<unsigned>(p.size());
+    for (unsigned a = 0; a < n; ++a)
+        for (unsigned b = a + 1; b < n; ++b)
+            for (unsigned c = b + 1; c < n; ++c)
+                for (unsigned d = c + 1; d < n; ++d)
+                    if (isRectangle(p[int(a)], p[int(b)], p[int(c)], p[int(d)]))
+                        result.append({ a, b, c, d });
     return result;
 }

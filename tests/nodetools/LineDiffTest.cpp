@@ -10,48 +10,33 @@ class LineDiffTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void removedAndAddedLinesPairUp_data();
-    void removedAndAddedLinesPairUp();
-    void splitKeepsEmptyLinesAndEveryLineEnd();
+    // The texts are cut by LineDiff::SplitLines, which keeps empty lines.
+    void removedAndAddedLinesPairUp_data()
+    {
+        QTest::addColumn<QString>("oldText");
+        QTest::addColumn<QString>("newText");
+        QTest::addColumn<QVector<Row>>("rows");
+        const auto row = [](const char* name, const char* oldText, const char* newText, const QVector<Row>& rows) {
+            QTest::newRow(name) << QString(oldText) << QString(newText) << rows;
+        };
+        const auto same = LineDiff::Same, removed = LineDiff::Removed, added = LineDiff::Added;
+        row("equal, every line end, the last one ignored", "BO\r\nA\nB\rEO\r\n", "BO\nA\rB\r\nEO",
+            { { same, 0, 0 }, { same, 1, 1 }, { same, 2, 2 }, { same, 3, 3 } });
+        row("link and empty line removed", "BO\nNA=x\n\nHREF=b\nEO", "BO\nNA=x\nEO",
+            { { same, 0, 0 }, { same, 1, 1 }, { removed, 2, -1 }, { removed, 3, -1 }, { same, 4, 2 } });
+        row("two replace one", "a\nb\nc\nz", "a\nx\nz\ny",
+            { { same, 0, 0 }, { LineDiff::Changed, 1, 1 }, { removed, 2, -1 }, { same, 3, 2 }, { added, -1, 3 } });
+        row("from nothing", "", "a", { { added, -1, 0 } });
+    }
+
+    void removedAndAddedLinesPairUp()
+    {
+        QFETCH(QString, oldText);
+        QFETCH(QString, newText);
+        QFETCH(QVector<Row>, rows);
+        QCOMPARE(LineDiff::Compare(LineDiff::SplitLines(oldText), LineDiff::SplitLines(newText)), rows);
+    }
 };
-
-void LineDiffTest::removedAndAddedLinesPairUp_data()
-{
-    QTest::addColumn<QStringList>("oldLines");
-    QTest::addColumn<QStringList>("newLines");
-    QTest::addColumn<QVector<Row>>("rows");
-    const auto same = LineDiff::Same;
-    const auto changed = LineDiff::Changed;
-    const auto removed = LineDiff::Removed;
-    const auto added = LineDiff::Added;
-    QTest::newRow("equal") << QStringList { "BO", "EO" } << QStringList { "BO", "EO" }
-                           << QVector<Row> { { same, 0, 0 }, { same, 1, 1 } };
-    QTest::newRow("one line changed") << QStringList { "BO", "HREF=a", "EO" } << QStringList { "BO", "HREF=b", "EO" }
-                                      << QVector<Row> { { same, 0, 0 }, { changed, 1, 1 }, { same, 2, 2 } };
-    QTest::newRow("link removed") << QStringList { "BO", "NA=x", "HREF=a", "HREF=b", "EO" }
-                                  << QStringList { "BO", "NA=x", "EO" }
-                                  << QVector<Row> { { same, 0, 0 }, { same, 1, 1 }, { removed, 2, -1 },
-                                         { removed, 3, -1 }, { same, 4, 2 } };
-    QTest::newRow("two replace one") << QStringList { "a", "b", "c", "z" } << QStringList { "a", "x", "z", "y" }
-                                     << QVector<Row> { { same, 0, 0 }, { changed, 1, 1 }, { removed, 2, -1 },
-                                            { same, 3, 2 }, { added, -1, 3 } };
-    QTest::newRow("from nothing") << QStringList {} << QStringList { "a" } << QVector<Row> { { added, -1, 0 } };
-}
-
-void LineDiffTest::removedAndAddedLinesPairUp()
-{
-    QFETCH(QStringList, oldLines);
-    QFETCH(QStringList, newLines);
-    QFETCH(QVector<Row>, rows);
-    QCOMPARE(LineDiff::Compare(oldLines, newLines), rows);
-}
-
-void LineDiffTest::splitKeepsEmptyLinesAndEveryLineEnd()
-{
-    QCOMPARE(LineDiff::SplitLines("a\r\n\r\nb\nc\rd"), (QStringList { "a", "", "b", "c", "d" }));
-    QCOMPARE(LineDiff::SplitLines("a\r\n"), QStringList { "a" });
-    QCOMPARE(LineDiff::SplitLines(""), QStringList {});
-}
 
 QTEST_GUILESS_MAIN(LineDiffTest)
 #include "LineDiffTest.moc"

@@ -1,6 +1,5 @@
 #include "SmallDisk.h"
 
-#include <QByteArray>
 #include <QFile>
 #include <QStorageInfo>
 
@@ -11,14 +10,12 @@
 
 SmallDisk::SmallDisk(int kilobytes)
 {
-    if (::geteuid() != 0) {
-        why = "a full disk needs a tmpfs, which only root may mount";
-        return;
-    }
     const QByteArray options = "size=" + QByteArray::number(kilobytes) + "k";
-    mounted = ::mount("tmpfs", QFile::encodeName(dir.path()).constData(), "tmpfs", 0, options.constData()) == 0;
+    const bool root = ::geteuid() == 0;
+    mounted = root && ::mount("tmpfs", QFile::encodeName(dir.path()).constData(), "tmpfs", 0, options.constData()) == 0;
     if (!mounted)
-        why = QString("cannot mount a tmpfs here: %1").arg(std::strerror(errno));
+        why = root ? QString("cannot mount a tmpfs here: %1").arg(std::strerror(errno))
+                   : QString("a full disk needs a tmpfs, which only root may mount");
 }
 
 SmallDisk::~SmallDisk()

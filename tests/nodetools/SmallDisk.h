@@ -13,8 +13,6 @@ class SmallDisk
 public:
     explicit SmallDisk(int kilobytes);
     ~SmallDisk();
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
 
     bool Mounted() const { return mounted; }
     QString Why() const { return why; }

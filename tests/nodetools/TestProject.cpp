@@ -1,9 +1,11 @@
 #include "TestProject.h"
 
-#include <nodetools/ObjectBlockProcessor.h>
-
 #include <QDir>
 #include <QFile>
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
 
 TestProject::TestProject(const QString& parent)
     : dir(parent.isEmpty() ? QDir::tempPath() + "/kamo-test-XXXXXX" : parent + "/project-XXXXXX")
@@ -14,6 +16,7 @@ TestProject::TestProject(const QString& parent)
 void TestProject::Write(const QString& name, const QByteArray& bytes) const
 {
     QFile file(DataPath(name));
+    QDir().mkpath(QFileInfo(file).path());
     if (file.open(QIODevice::WriteOnly))
         file.write(bytes);
 }
@@ -31,31 +34,22 @@ QStringList TestProject::DataEntries() const
 
 QString StandardLink(const QString& path, const QString& page, const QString& description)
 {
-    QStringList fields;
-    while (fields.size() < 23)
-        fields.append(QString());
-    fields[0] = "0";
-    fields[1] = path;
-    fields[2] = page;
-    fields[3] = description;
-    fields[4] = "1.0";
-    fields[17] = "2024-03-07T14:05:09";
-    return fields.join(QChar(0x11));
+    // Not F: links are made while the test's statics are set up, and F may not be yet.
+    const QChar f(0x11);
+    return QString("0") + f + path + f + page + f + description + f + "1.0" + QString(13, f) + "2024-03-07T14:05:09"
+        + QString(5, f);
 }
 
-QByteArray HostText(const QStringList& lines)
+int InChild(const std::function<int()>& body, int killAfterMs)
 {
-    return lines.join("\r\n").toUtf8();
-}
-
-QStringList block(const QStringList& properties)
-{
-    return QStringList { "BO" } + properties + QStringList { "EO" };
-}
-
-QStringList run(ObjectBlockProcessor& processor, const QStringList& properties)
-{
-    QStringList result;
-    processor.ProcessBlock(block(properties), result);
-    return result;
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(body());
+    if (child > 0 && killAfterMs >= 0) {
+        usleep(useconds_t(killAfterMs) * 1000);
+        kill(child, SIGKILL);
+    }
+    int status = 0;
+    const bool ended = child > 0 && waitpid(child, &status, 0) == child;
+    return !ended ? -1000 : WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }

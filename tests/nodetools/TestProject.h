@@ -1,12 +1,10 @@
 #ifndef KAMO_TESTS_TESTPROJECT_H
 #define KAMO_TESTS_TESTPROJECT_H
 
-#include <QByteArray>
-#include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 
-class ObjectBlockProcessor;
+#include <functional>
 
 // A throw-away project: a temporary root with its "Daten" folder.
 class TestProject
@@ -19,6 +17,7 @@ public:
     QString DataDir() const { return dir.path() + "/Daten"; }
     QString DataPath(const QString& name) const { return DataDir() + '/' + name; }
 
+    // Writes `name` in the data folder, making the folders on its way.
     void Write(const QString& name, const QByteArray& bytes) const;
     QByteArray Read(const QString& name) const;
 
@@ -34,18 +33,22 @@ QString StandardLink(const QString& path, const QString& page = "1", const QStri
 
 // The separators of link values: between fields, targets and zones, and the
 // mark that opens a split link.
-const QString F(QChar(0x11));
-const QString T(QChar(0x12));
-const QString Z(QChar(0x13));
-const QString S(QChar(0x00A4));
+const QString F(QChar(0x11)), T(QChar(0x12)), Z(QChar(0x13)), S(QChar(0x00A4));
 
 // An object block: "BO", `properties`, "EO".
-QStringList block(const QStringList& properties);
-
-// What `processor` makes of the block with `properties`.
-QStringList run(ObjectBlockProcessor& processor, const QStringList& properties);
+inline QStringList block(const QStringList& properties)
+{
+    return QStringList { "BO" } + properties + QStringList { "EO" };
+}
 
 // `lines` joined with CR LF, as the host writes annotation files.
-QByteArray HostText(const QStringList& lines);
+inline QByteArray HostText(const QStringList& lines)
+{
+    return lines.join("\r\n").toUtf8();
+}
+
+// Runs `body` in a child process, killed after `killAfterMs` when that is not
+// negative, and answers its exit code or minus the signal that ended it.
+int InChild(const std::function<int()>& body, int killAfterMs = -1);
 
 #endif
