@@ -1,5 +1,5 @@
-# `cmake --build <dir> --target coverage`: runs the tests of this build
-# afresh and reports the line and branch coverage of the libraries, the
+# `cmake --build <dir> --target coverage`: builds, runs the tests of this
+# build afresh and reports the line and branch coverage of the libraries, the
 # stand-ins and the programs, per folder, with gcovr. The package, ABI and
 # cross-compile tests exercise no instrumented code and are left out, as is
 # the test that unloads the library: gcov's exit handlers keep it loaded.
@@ -9,6 +9,7 @@ if(NOT KAMO_GCOVR)
 endif()
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_custom_target(coverage
+    COMMAND ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR}
     COMMAND find . -name "*.gcda" -delete
     COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/coverage
     COMMAND ${CMAKE_CTEST_COMMAND} --output-on-failure --parallel 2 --exclude-regex "^(Package|AbiCheck|WindowsCompile|TranslationResourceTest)"
